@@ -1,0 +1,83 @@
+// SPDX-FileCopyrightText: 2026 The Vistrel Python scripting authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The reference host's cameras: GigE Vision and USB3 Vision devices and a simulated one, by Aravis.
+#pragma once
+
+#include <CxCameraManager.h>
+
+#include <QtCore/QObject>
+#include <QtCore/QString>
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+class CxImageData;
+
+namespace vistrel {
+
+class Camera;
+
+/// A camera that was found, opened or not.
+struct CameraListing {
+    QString id; ///< what open() takes
+    QString vendor;
+    QString model;
+    QString serialNumber;
+};
+
+/// Numbers of a stream since it was started.
+struct StreamStatistics {
+    quint64 framesTaken = 0;
+    quint64 framesDropped = 0; ///< incomplete or lost on the way
+};
+
+/// Receives every complete frame, on the camera's stream thread. It must return soon and must not
+/// throw: the stream waits for it.
+using FrameSink = std::function<void(std::unique_ptr<CxImageData>)>;
+
+/// Opens, streams and closes cameras. GUI thread, if not said otherwise.
+class CameraManager : public QObject, public CxCameraManager {
+    Q_OBJECT
+
+public:
+    /// The id of the simulated camera that is part of this program.
+    static constexpr char simulatedId[] = "sim";
+
+    CameraManager();
+    /// Stops all streams, closes all cameras and shuts Aravis down.
+    ~CameraManager() override;
+
+    /// Looks for cameras on all interfaces; takes about a second. The simulated one comes last.
+    std::vector<CameraListing> discover();
+
+    /// Opens a camera by its Aravis id, or the simulated one. Returns its handle, or null with the
+    /// reason in `error`. With `simulatedId` no other interface is searched.
+    void* open(const QString& id, QString& error);
+    /// Stops and closes a camera; its handle is dead afterwards. Unknown handles are ignored.
+    void close(void* cameraHandle);
+
+    /// Starts the stream; true also when it runs already (the sink is kept then). False with the
+    /// reason in `error` when the camera refuses or the handle is unknown.
+    bool start(void* cameraHandle, FrameSink sink, QString& error);
+    /// Stops the stream; when it returns the sink is not called any more.
+    void stop(void* cameraHandle);
+    bool isStreaming(void* cameraHandle) const;
+    StreamStatistics statistics(void* cameraHandle) const;
+
+    QList<void*> openedCameras() override;
+    unsigned openedCameraCount() override;
+    CxCameraParameters* cameraParameters(void* cameraHandle) override;
+
+Q_SIGNALS:
+    /// The connection to a camera broke; it has been closed and its handle is dead. Emitted on the
+    /// GUI thread.
+    void cameraLost(void* cameraHandle, const QString& description);
+    /// A camera is about to be closed, lost or not; its handle still resolves.
+    void cameraClosing(void* cameraHandle);
+
+private:
+    std::vector<std::unique_ptr<Camera>> m_cameras;
+};
+
+} // namespace vistrel

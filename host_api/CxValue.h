@@ -1,0 +1,47 @@
+// SPDX-FileCopyrightText: 2026 The Vistrel Python scripting authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+// A typed value of a camera parameter.
+#pragma once
+
+#include <QtCore/QString>
+
+/// Integer, float, bool or text; every other type code means that there is no value. The numeric
+/// part holds one of the three by type, the text part belongs to texts.
+class CxValue {
+public:
+    /// The codes are part of the binary interface.
+    enum Type : int { Empty = 0, Int = 1, Float = 2, Bool = 3, String = 4 };
+
+    /// No value; the numeric part is 0.
+    CxValue() = default;
+
+    static CxValue fromInt(qint32 value);
+    static CxValue fromFloat(float value);
+    static CxValue fromBool(bool value);
+    static CxValue fromString(const QString& value);
+    /// A value of integer type of which only the text part is filled.
+    static CxValue integerWithText(const QString& text);
+
+    int type() const { return m_type; }
+
+    /// The value as an integer: floats are rounded towards 0 and held at the range's ends, texts
+    /// are read as decimal numbers; 0 when there is none.
+    qint32 toInt() const;
+    /// The value as a float; texts are read as decimal numbers with a point; 0 when there is none.
+    float toFloat() const;
+    /// Whether the value is not 0; for texts whether they read "true" or as a number other than 0.
+    bool toBool() const;
+    /// The value as text: numbers in the C locale, "true" and "false".
+    QString toString() const;
+
+private:
+    union Number {
+        qint32 asInt = 0;
+        float asFloat;
+        bool asBool;
+    };
+
+    int m_type = Empty;
+    Number m_number;
+    QString m_text;
+};
