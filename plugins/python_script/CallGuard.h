@@ -1,0 +1,58 @@
+// SPDX-FileCopyrightText: 2026 The Vistrel Python scripting authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Keeps C++ exceptions out of the interpreter's frames.
+#pragma once
+
+#include "PythonApi.h"
+
+#include <exception>
+#include <new>
+
+namespace python {
+
+/// Turns the exception that is being handled into a Python error.
+inline void raiseCurrentException() noexcept
+{
+    try {
+        throw;
+    } catch (const std::bad_alloc&) {
+        PyErr_SetString(PyExc_Exception, "out of memory");
+    } catch (const std::exception& error) {
+        PyErr_SetString(PyExc_Exception, error.what());
+    } catch (...) {
+        PyErr_SetString(PyExc_Exception, "unknown error in the host");
+    }
+}
+
+/// A handler for a method table: calls `Handler`, which may throw.
+template<PyCFunction Handler>
+PyObject* guarded(PyObject* self, PyObject* args) noexcept
+{
+    try {
+        return Handler(self, args);
+    } catch (...) {
+        raiseCurrentException();
+        return nullptr;
+    }
+}
+
+/// The same for slots of one object, such as tp_str.
+template<unaryfunc Handler>
+PyObject* guardedSlot(PyObject* self) noexcept
+{
+    try {
+        return Handler(self);
+    } catch (...) {
+        raiseCurrentException();
+        return nullptr;
+    }
+}
+
+/// A type's slot is a plain pointer, whatever function it holds.
+template<class Function>
+void* slotOf(Function* function)
+{
+    return reinterpret_cast<void*>(function);
+}
+
+} // namespace python

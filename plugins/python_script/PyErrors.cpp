@@ -1,0 +1,123 @@
+// SPDX-FileCopyrightText: 2026 The Vistrel Python scripting authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+// How errors reach a script, and how a script's errors reach the user.
+#include "PyErrors.h"
+
+#include "ErrorState.h"
+#include "OutputCapture.h"
+#include "PythonVersion.h"
+
+namespace python {
+
+namespace {
+
+/// Writes a text to sys.stderr; what cannot be written is lost, as with Python's own tracebacks.
+void writeToStandardError(const char* text)
+{
+    PyObject* stream = PySys_GetObject("stderr");
+    if (stream == nullptr || stream == Py_None || PyFile_WriteString(text, stream) != 0)
+        PyErr_Clear();
+}
+
+void writeToStandardError(PyObject* object)
+{
+    PyObject* stream = PySys_GetObject("stderr");
+    if (stream == nullptr || stream == Py_None
+        || PyFile_WriteObject(object, stream, Py_PRINT_RAW) != 0)
+        PyErr_Clear();
+}
+
+bool isInteger(PyObject* object)
+{
+    return (PyType_GetFlags(Py_TYPE(object)) & Py_TPFLAGS_LONG_SUBCLASS) != 0;
+}
+
+/// The pending error is a SystemExit: says why the script ended, where there is something to say.
+void reportSystemExit()
+{
+    const ErrorState error = ErrorState::fetch();
+    PyRef code = PyRef::take(PyObject_GetAttrString(error.value(), "code"));
+    if (!code)
+        PyErr_Clear();
+    if (!code || code.get() == Py_None)
+        return;
+    if (isInteger(code.get())) {
+        const int isNonZero = PyObject_IsTrue(code.get());
+        if (isNonZero == 0)
+            return;
+        writeToStandardError("script ended with exit status ");
+    }
+    writeToStandardError(code.get());
+    writeToStandardError("\n");
+}
+
+/// Stands in for a hook of the script's own while PyErr_Print runs: a hook that raises SystemExit
+/// would end the process.
+PyObject* callHookOfScript(PyObject* hook, PyObject* args)
+{
+    PyRef result = PyRef::take(PyObject_CallObject(hook, args));
+    if (!result && PyErr_ExceptionMatches(PyExc_SystemExit)) {
+        reportSystemExit();
+        return newNone();
+    }
+    return result.release();
+}
+
+PyMethodDef safeHook{"excepthook", callHookOfScript, METH_VARARGS, nullptr};
+
+/// Prints the pending error by sys.excepthook.
+void printByHook()
+{
+    PyRef hook = PyRef::retain(PySys_GetObject("excepthook"));
+    if (!hook || hook.get() == PySys_GetObject("__excepthook__")) {
+        PyErr_Print();
+        return;
+    }
+    ErrorState error = ErrorState::fetch();
+    const PyRef guarded = PyRef::take(PyCFunction_NewEx(&safeHook, hook.get(), nullptr));
+    PySys_SetObject("excepthook", guarded.get());
+    error.restore();
+    PyErr_Print();
+    // A hook may have put another one in its place; that one stays.
+    if (PySys_GetObject("excepthook") == guarded.get())
+        PySys_SetObject("excepthook", hook.get());
+}
+
+} // namespace
+
+PyObject* raise(Refusal refusal)
+{
+    if (refusal.message != nullptr)
+        PyErr_SetString(PyExc_Exception, refusal.message);
+    return nullptr;
+}
+
+PyObject* finishCall(PyMethodDef& method, PyObject* self, PyRef result)
+{
+    if (PyErr_Occurred() == nullptr)
+        return result.release();
+    const ErrorState cause = ErrorState::fetch();
+    const PyRef callable = PyRef::take(PyCFunction_NewEx(&method, self, nullptr));
+    PyErr_Format(PyExc_SystemError,
+                 isAtLeast(3, 10) ? "%R returned a result with an exception set"
+                                  : "%R returned a result with an error set",
+                 callable.get());
+    ErrorState error = ErrorState::fetch();
+    error.chainTo(cause);
+    error.restore();
+    return nullptr;
+}
+
+void printPendingError()
+{
+    if (PyErr_Occurred() == nullptr)
+        return;
+    if (emb::sinkFailed())
+        PyErr_Clear();
+    else if (PyErr_ExceptionMatches(PyExc_SystemExit) != 0)
+        reportSystemExit();
+    else
+        printByHook();
+}
+
+} // namespace python

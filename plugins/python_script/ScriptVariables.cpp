@@ -1,0 +1,100 @@
+// SPDX-FileCopyrightText: 2026 The Vistrel Python scripting authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Names in `__main__`, the namespace in which every script runs.
+#include "CxPythonScriptPlugin.h"
+#include "FuncImage/ImageType.h"
+#include "Logging.h"
+#include "PyText.h"
+
+#include <algorithm>
+
+using python::PyRef;
+
+namespace {
+
+/// The dictionary of `__main__`, borrowed; null when it cannot be had.
+PyObject* mainNames()
+{
+    PyObject* mainModule = PyImport_AddModule("__main__");
+    PyObject* names = mainModule != nullptr ? PyModule_GetDict(mainModule) : nullptr;
+    if (names == nullptr)
+        PyErr_Clear();
+    return names;
+}
+
+/// str() of an object as UTF-8; nothing when it has none.
+std::optional<std::string> textOf(PyObject* object)
+{
+    const PyRef text = PyRef::take(PyObject_Str(object));
+    if (!text) {
+        PyErr_Clear();
+        return std::nullopt;
+    }
+    return python::utf8Of(text.get());
+}
+
+/// Calls `visit` with every key of `__main__`, in the order of binding. The keys are a copy, so the
+/// dictionary may change meanwhile.
+template<class Visitor>
+void forEachKey(PyObject* names, Visitor visit)
+{
+    const PyRef keys = PyRef::take(names != nullptr ? PyDict_Keys(names) : nullptr);
+    if (!keys) {
+        PyErr_Clear();
+        return;
+    }
+    for (Py_ssize_t i = 0; i < PyList_Size(keys.get()); ++i)
+        visit(PyList_GetItem(keys.get(), i));
+}
+
+} // namespace
+
+void CxPythonScriptPlugin::addImageVariable(const QString& name, CxImageData* image)
+{
+    if (!m_initialised || image == nullptr)
+        return;
+    PyRef object = PyRef::take(fx_pyimg_createNewImageObject(image, false));
+    PyObject* mainModule = PyImport_AddModule("__main__");
+    if (object && mainModule != nullptr
+        && PyModule_AddObject(mainModule, name.toUtf8().constData(), object.get()) == 0)
+        static_cast<void>(object.release()); // the module has taken it over
+    PyErr_Clear();
+}
+
+std::list<std::string> CxPythonScriptPlugin::listLocalVariables()
+{
+    std::list<std::string> names;
+    forEachKey(mainNames(), [&names](PyObject* key) {
+        if (auto name = python::utf8Of(key))
+            names.push_back(std::move(*name));
+    });
+    return names;
+}
+
+void CxPythonScriptPlugin::deleteNewLocalVariables(const std::list<std::string>& before)
+{
+    std::list<std::string> added;
+    for (std::string& name : listLocalVariables()) {
+        if (std::find(before.begin(), before.end(), name) == before.end())
+            added.push_back(std::move(name));
+    }
+    PyObject* names = mainNames();
+    for (const std::string& name : added) {
+        if (names == nullptr || PyObject_DelItemString(names, name.c_str()) != 0)
+            PyErr_Clear();
+    }
+}
+
+void CxPythonScriptPlugin::dumpLocalVariables()
+{
+    PyObject* names = mainNames();
+    forEachKey(names, [names](PyObject* key) {
+        const PyRef value = PyRef::retain(PyDict_GetItem(names, key));
+        const auto keyText = textOf(key);
+        const auto valueText = value ? textOf(value.get()) : std::nullopt;
+        if (keyText && valueText) {
+            logCritical(QStringLiteral("%1: %2").arg(QString::fromStdString(*keyText),
+                                                     QString::fromStdString(*valueText)));
+        }
+    });
+}
