@@ -16,3 +16,14 @@ function(vistrel_gtest name)
         ${name} TEST_PREFIX "${name}." DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60
         PROPERTIES TIMEOUT 120 ENVIRONMENT "${VISTREL_TEST_ENVIRONMENT}")
 endfunction()
+
+# vistrel_script_test(NAME SCRIPT [ARGS...] [ENVIRONMENT...]): a script of the calling folder, run by
+# vistrel-run. It passes when it ends without writing anything to standard error, so a failed assert
+# fails it. ARGS are options of vistrel-run, ENVIRONMENT holds entries NAME=VALUE.
+function(vistrel_script_test name script)
+    cmake_parse_arguments(PARSE_ARGV 2 arg "" "" "ARGS;ENVIRONMENT")
+    add_test(NAME ${name} COMMAND "$<TARGET_FILE:vistrel-run>" ${arg_ARGS}
+                                  "${CMAKE_CURRENT_SOURCE_DIR}/${script}")
+    set_tests_properties(${name} PROPERTIES TIMEOUT 120
+                         ENVIRONMENT "${VISTREL_TEST_ENVIRONMENT};${arg_ENVIRONMENT}")
+endfunction()
