@@ -8,15 +8,19 @@
 #include <QtCore/QObject>
 #include <QtCore/QString>
 
+#include <atomic>
 #include <functional>
 #include <memory>
 #include <vector>
 
 class CxImageData;
+class QThreadPool;
 
 namespace vistrel {
 
+class AravisSystem;
 class Camera;
+struct DeviceEntry;
 
 /// A camera that was found, opened or not.
 struct CameraListing {
@@ -29,11 +33,11 @@ struct CameraListing {
 /// Numbers of a stream since it was started.
 struct StreamStatistics {
     quint64 framesTaken = 0;
-    quint64 framesDropped = 0; ///< incomplete or lost on the way
+    quint64 framesDropped = 0; ///< incomplete, lost on the way, unusable, or the sink was late
 };
 
 /// Receives every complete frame, on the camera's stream thread. It must return soon and must not
-/// throw: the stream waits for it.
+/// throw: while it is late by more than a few frames, frames are dropped; stop() waits for it.
 using FrameSink = std::function<void(std::unique_ptr<CxImageData>)>;
 
 /// Opens, streams and closes cameras. GUI thread, if not said otherwise.
@@ -77,7 +81,16 @@ Q_SIGNALS:
     void cameraClosing(void* cameraHandle);
 
 private:
+    std::vector<DeviceEntry> search(const QString& id);
+    Camera* find(const void* cameraHandle) const;
+    std::unique_ptr<Camera> take(const Camera* camera);
+    void closeLostCameras();
+    void closeLost(Camera* camera);
+
+    std::unique_ptr<AravisSystem> m_aravis;
     std::vector<std::unique_ptr<Camera>> m_cameras;
+    std::atomic<unsigned> m_cameraCount = 0;  ///< for other threads
+    std::unique_ptr<QThreadPool> m_releasing; ///< lost cameras, which take seconds to release
 };
 
 } // namespace vistrel

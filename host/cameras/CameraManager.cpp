@@ -1,0 +1,192 @@
+// SPDX-FileCopyrightText: 2026 The Vistrel Python scripting authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The reference host's cameras: GigE Vision and USB3 Vision devices and a simulated one, by Aravis.
+#include "cameras/CameraManager.h"
+
+#include "cameras/AravisSystem.h"
+#include "cameras/Camera.h"
+#include "core/Log.h"
+
+#include <QtCore/QStringList>
+#include <QtCore/QThreadPool>
+
+#include <algorithm>
+#include <utility>
+
+namespace vistrel {
+
+namespace {
+
+bool isSimulated(const DeviceEntry& entry)
+{
+    return entry.id == QLatin1String(AravisSystem::simulatedDevice);
+}
+
+QString publicId(const DeviceEntry& entry)
+{
+    return isSimulated(entry) ? QString::fromLatin1(CameraManager::simulatedId) : entry.id;
+}
+
+QString notFound(const QString& id, const std::vector<DeviceEntry>& entries)
+{
+    QStringList found;
+    for (const DeviceEntry& entry : entries)
+        found.append(publicId(entry));
+    const QString list =
+        found.isEmpty() ? QStringLiteral("no cameras") : found.join(QStringLiteral(", "));
+    return QStringLiteral("camera %1 was not found; found: %2").arg(id, list);
+}
+
+QString notOpened() { return QStringLiteral("the camera is not open"); }
+
+} // namespace
+
+CameraManager::CameraManager()
+    : m_aravis(std::make_unique<AravisSystem>())
+    , m_releasing(std::make_unique<QThreadPool>())
+{
+}
+
+CameraManager::~CameraManager()
+{
+    while (!m_cameras.empty())
+        close(m_cameras.back().get());
+    m_releasing->waitForDone();
+}
+
+std::vector<CameraListing> CameraManager::discover()
+{
+    auto entries = m_aravis->searchAll();
+    std::stable_partition(entries.begin(), entries.end(), std::not_fn(isSimulated));
+    std::vector<CameraListing> listings;
+    for (const DeviceEntry& entry : entries)
+        listings.push_back({publicId(entry), entry.vendor, entry.model, entry.serialNumber});
+    return listings;
+}
+
+void* CameraManager::open(const QString& id, QString& error)
+{
+    const auto entries = search(id);
+    const auto entry = std::find_if(entries.begin(), entries.end(),
+                                    [&id](const auto& e) { return publicId(e) == id; });
+    if (entry == entries.end()) {
+        error = notFound(id, entries);
+        return nullptr;
+    }
+    const auto hasId = [&id](const auto& camera) { return camera->id() == id; };
+    if (std::any_of(m_cameras.begin(), m_cameras.end(), hasId)) {
+        error = QStringLiteral("camera %1 is open already").arg(id);
+        return nullptr;
+    }
+    // Queued, because the connection breaks on a thread of Aravis, which must not wait.
+    const auto onLost = [this] {
+        QMetaObject::invokeMethod(this, &CameraManager::closeLostCameras, Qt::QueuedConnection);
+    };
+    auto camera = Camera::open(*entry, id, onLost, error);
+    if (!camera)
+        return nullptr;
+    m_cameras.push_back(std::move(camera));
+    ++m_cameraCount;
+    return m_cameras.back().get();
+}
+
+void CameraManager::close(void* cameraHandle)
+{
+    if (!find(cameraHandle))
+        return;
+    Q_EMIT cameraClosing(cameraHandle);
+    take(find(cameraHandle)); // looked up again: a receiver may have closed it
+}
+
+bool CameraManager::start(void* cameraHandle, FrameSink sink, QString& error)
+{
+    Camera* camera = find(cameraHandle);
+    if (!camera || camera->lost()) {
+        error = notOpened();
+        return false;
+    }
+    return camera->stream().running() || camera->stream().start(std::move(sink), error);
+}
+
+void CameraManager::stop(void* cameraHandle)
+{
+    if (Camera* camera = find(cameraHandle))
+        camera->stopStream();
+}
+
+bool CameraManager::isStreaming(void* cameraHandle) const
+{
+    const Camera* camera = find(cameraHandle);
+    return camera && camera->stream().running();
+}
+
+StreamStatistics CameraManager::statistics(void* cameraHandle) const
+{
+    const Camera* camera = find(cameraHandle);
+    return camera ? camera->stream().statistics() : StreamStatistics();
+}
+
+QList<void*> CameraManager::openedCameras()
+{
+    QList<void*> handles;
+    for (const auto& camera : m_cameras)
+        handles.append(camera.get());
+    return handles;
+}
+
+unsigned CameraManager::openedCameraCount() { return m_cameraCount; }
+
+CxCameraParameters* CameraManager::cameraParameters(void* cameraHandle)
+{
+    Camera* camera = find(cameraHandle);
+    return camera ? &camera->parameters() : nullptr;
+}
+
+std::vector<DeviceEntry> CameraManager::search(const QString& id)
+{
+    return id == QLatin1String(simulatedId) ? m_aravis->searchSimulated() : m_aravis->searchAll();
+}
+
+// A handle may be anything: it is compared, not followed.
+Camera* CameraManager::find(const void* cameraHandle) const
+{
+    const auto position =
+        std::find_if(m_cameras.begin(), m_cameras.end(),
+                     [cameraHandle](const auto& camera) { return camera.get() == cameraHandle; });
+    return position == m_cameras.end() ? nullptr : position->get();
+}
+
+std::unique_ptr<Camera> CameraManager::take(const Camera* camera)
+{
+    const auto position = std::find_if(m_cameras.begin(), m_cameras.end(),
+                                       [camera](const auto& c) { return c.get() == camera; });
+    if (position == m_cameras.end())
+        return nullptr;
+    auto taken = std::move(*position);
+    m_cameras.erase(position);
+    --m_cameraCount;
+    return taken;
+}
+
+void CameraManager::closeLostCameras()
+{
+    for (void* handle : openedCameras()) {
+        if (Camera* camera = find(handle); camera && camera->lost())
+            closeLost(camera);
+    }
+}
+
+void CameraManager::closeLost(Camera* camera)
+{
+    const QString description = camera->description();
+    logError(QStringLiteral("camera %1: the connection broke").arg(description));
+    Q_EMIT cameraClosing(camera);
+    std::shared_ptr<Camera> released = take(find(camera));
+    if (!released)
+        return;
+    released->stopStream();
+    m_releasing->start([released = std::move(released)]() mutable { released.reset(); });
+    Q_EMIT cameraLost(camera, description);
+}
+
+} // namespace vistrel
