@@ -7,6 +7,7 @@
 #include "cameras/Camera.h"
 #include "core/Log.h"
 
+#include <QtCore/QRunnable>
 #include <QtCore/QStringList>
 #include <QtCore/QThreadPool>
 
@@ -16,6 +17,19 @@
 namespace vistrel {
 
 namespace {
+
+/// Lets go of a camera on the thread that runs it, whose pool deletes it afterwards.
+class CameraRelease : public QRunnable {
+public:
+    explicit CameraRelease(std::unique_ptr<Camera> camera)
+        : m_camera(std::move(camera))
+    {
+    }
+    void run() override { m_camera.reset(); }
+
+private:
+    std::unique_ptr<Camera> m_camera;
+};
 
 bool isSimulated(const DeviceEntry& entry)
 {
@@ -95,7 +109,7 @@ void CameraManager::close(void* cameraHandle)
     if (!find(cameraHandle))
         return;
     Q_EMIT cameraClosing(cameraHandle);
-    take(find(cameraHandle)); // looked up again: a receiver may have closed it
+    release(take(find(cameraHandle))); // looked up again: a receiver may have closed it
 }
 
 bool CameraManager::start(void* cameraHandle, FrameSink sink, QString& error)
@@ -181,12 +195,21 @@ void CameraManager::closeLost(Camera* camera)
     const QString description = camera->description();
     logError(QStringLiteral("camera %1: the connection broke").arg(description));
     Q_EMIT cameraClosing(camera);
-    std::shared_ptr<Camera> released = take(find(camera));
-    if (!released)
+    auto taken = take(find(camera));
+    if (!taken)
         return;
-    released->stopStream();
-    m_releasing->start([released = std::move(released)]() mutable { released.reset(); });
+    release(std::move(taken));
     Q_EMIT cameraLost(camera, description);
+}
+
+// A camera that does not answer any more takes seconds to let go of. Every other one is closed
+// when this returns, so that it can be opened again.
+void CameraManager::release(std::unique_ptr<Camera> camera)
+{
+    if (!camera || !camera->lost())
+        return;
+    camera->stopStream();
+    m_releasing->start(new CameraRelease(std::move(camera)));
 }
 
 } // namespace vistrel

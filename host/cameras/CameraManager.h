@@ -84,6 +84,7 @@ private:
     std::vector<DeviceEntry> search(const QString& id);
     Camera* find(const void* cameraHandle) const;
     std::unique_ptr<Camera> take(const Camera* camera);
+    void release(std::unique_ptr<Camera> camera);
     void closeLostCameras();
     void closeLost(Camera* camera);
 

@@ -157,8 +157,7 @@ void CameraStream::closeStream()
     if (m_answering)
         arv_camera_stop_acquisition(m_camera, nullptr);
     m_earlierUnderruns = underruns();
-    arv_stream_stop_thread(m_stream.get(), TRUE);
-    m_stream.reset();
+    m_stream.reset(); // waits for Aravis' thread
     while (m_finished.try_acquire()) {
     }
 }
