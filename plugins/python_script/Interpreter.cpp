@@ -5,6 +5,7 @@
 
 #include "FuncApp/AppModule.h"
 #include "OutputCapture.h"
+#include "PyErrors.h"
 #include "PythonVersion.h"
 
 #include <IxScriptEnvironment.h>
@@ -101,6 +102,7 @@ void start(const QString& pythonHome, IxScriptEnvironment& env)
     publishConstants(env);
     // The module stays imported for as long as the interpreter lives; so does this reference.
     PyImport_ImportModule("emb");
+    python::printPendingError();
     fx_pyapp_RunPythonString("import vistrel");
 }
 

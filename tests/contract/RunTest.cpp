@@ -1,0 +1,384 @@
+// SPDX-FileCopyrightText: 2026 The Vistrel Python scripting authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+// One run: start of the interpreter, hook, output, result, names, failures.
+#include "PluginTest.h"
+
+#include <QtCore/QCoreApplication>
+
+#include <csignal>
+#include <stdexcept>
+
+using testing::_;
+using testing::InSequence;
+using testing::ReturnRef;
+
+namespace {
+
+class Run : public PluginTest {
+protected:
+    /// A run with everything in the caller's hand.
+    QString runWith(const char* script, CxScriptLangInterface::StartHook hook, void* userData,
+                    CxScriptLangInterface::OutputCallback callback, const QString& home = QString())
+    {
+        return plugin->runScript(QString::fromUtf8(script), &environment, home, hook, userData,
+                                 callback);
+    }
+};
+
+TEST_F(Run, AnEmptyScriptReturnsNothing)
+{
+    EXPECT_EQ(run(""), QString());
+    EXPECT_EQ(output, QString());
+}
+
+TEST_F(Run, FirstRunDefinesConstantsAndImportsModules)
+{
+    stringConstants = {{QStringLiteral("GAIN_DB"), QStringLiteral("gain_db")}};
+    integerConstants = {{QStringLiteral("TRIGGER_OFF"), 0}, {QStringLiteral("TRIGGER_ON"), -7}};
+    EXPECT_EQ(run("import sys\n"
+                  "print(GAIN_DB, TRIGGER_OFF, TRIGGER_ON)\n"
+                  "print('emb' in sys.modules, 'vistrel' in sys.modules, vistrel.__name__)"),
+              QString());
+    EXPECT_EQ(output, QStringLiteral("gain_db 0 -7\nTrue True vistrel\n"));
+}
+
+TEST_F(Run, ConstantsAreReadOnceAndInTheOrderOfTheirLists)
+{
+    {
+        const InSequence order;
+        EXPECT_CALL(environment, apiParamDefs()).WillOnce(ReturnRef(stringConstants));
+        EXPECT_CALL(environment, apiParamEnumVals()).WillOnce(ReturnRef(integerConstants));
+        EXPECT_CALL(environment, functionHelp(_, _)).Times(testing::AtLeast(1));
+    }
+    stringConstants = {{QStringLiteral("B"), QStringLiteral("b")},
+                       {QStringLiteral("A"), QStringLiteral("a")}};
+    EXPECT_EQ(value("[name for name in globals() if name in ('A', 'B')]"),
+              QStringLiteral("['B', 'A']"));
+    stringConstants.append({QStringLiteral("LATE"), QStringLiteral("late")});
+    EXPECT_EQ(value("(A, B, 'LATE' in globals())"), QStringLiteral("('a', 'b', False)"));
+}
+
+TEST_F(Run, NamesOfARunAreGoneInTheNext)
+{
+    EXPECT_EQ(run("x = 1"), QString());
+    const QString errors = run("print(x)");
+    EXPECT_TRUE(errors.startsWith(QLatin1String("Traceback (most recent call last):")));
+    EXPECT_TRUE(errors.contains(QLatin1String("NameError: name 'x' is not defined")));
+}
+
+TEST_F(Run, VariablesFunctionsAndImportsAreRemovedAndTheRestRemains)
+{
+    run("a = 1\ndef f(): pass\nimport math");
+    EXPECT_EQ(value("[n in globals() for n in ('a', 'f', 'math', '__builtins__', '__name__', "
+                    "'vistrel')]"),
+              QStringLiteral("[False, False, False, True, True, True]"));
+}
+
+TEST_F(Run, ANameThatARunDeletesStaysDeleted)
+{
+    run("del vistrel");
+    EXPECT_EQ(value("'vistrel' in globals()"), QStringLiteral("False"));
+}
+
+TEST_F(Run, AReboundConstantKeepsItsNewValue)
+{
+    stringConstants = {{QStringLiteral("MODE"), QStringLiteral("mode")}};
+    run("MODE = 'changed'");
+    EXPECT_EQ(value("MODE"), QStringLiteral("changed"));
+}
+
+TEST_F(Run, ImportedModulesKeepTheirState)
+{
+    run("import json\njson.kept = 5");
+    EXPECT_EQ(value("__import__('json').kept"), QStringLiteral("5"));
+}
+
+TEST_F(Run, AnErrorReturnsTheTracebackAndKeepsEarlierOutput)
+{
+    const QString errors = run("print('before')\nraise ValueError('wrong')\nprint('after')");
+    EXPECT_EQ(pieces, (QStringList{QStringLiteral("before"), QStringLiteral("\n")}));
+    EXPECT_EQ(errors, QStringLiteral("Traceback (most recent call last):\n"
+                                     "  File \"<string>\", line 2, in <module>\n"
+                                     "ValueError: wrong\n"));
+}
+
+TEST_F(Run, ASyntaxErrorIsReturned)
+{
+    EXPECT_TRUE(run("if True print(1)").contains(QLatin1String("SyntaxError")));
+}
+
+TEST_F(Run, StandardErrorIsReturnedWithoutAnError)
+{
+    EXPECT_EQ(run("import sys\nsys.stderr.write('careful')"), QStringLiteral("careful"));
+}
+
+TEST_F(Run, NonAsciiTextsPassUnchanged)
+{
+    EXPECT_EQ(run("import sys\nprint('größe ≥ 5 µm 画像 🎥')\nsys.stderr.write('naïve')"),
+              QStringLiteral("naïve"));
+    EXPECT_EQ(output, QStringLiteral("größe ≥ 5 µm 画像 🎥\n"));
+}
+
+TEST_F(Run, TheStartHookGetsNullAndTheUserDataOncePerRun)
+{
+    struct Calls {
+        int count = 0;
+        void* first = nullptr;
+    } calls;
+    const auto hook = [](void* reserved, void* userData) {
+        auto* seen = static_cast<Calls*>(userData);
+        ++seen->count;
+        seen->first = reserved;
+    };
+    calls.first = &calls;
+    EXPECT_EQ(runWith("", hook, &calls, nullptr), QString());
+    EXPECT_EQ(calls.count, 1);
+    EXPECT_EQ(calls.first, nullptr);
+    EXPECT_EQ(runWith("", hook, &calls, nullptr), QString());
+    EXPECT_EQ(calls.count, 2);
+}
+
+TEST_F(Run, WithoutAStartHookUserDataIsNeverDereferenced)
+{
+    EXPECT_EQ(runWith("", nullptr, reinterpret_cast<void*>(quintptr{1}), nullptr), QString());
+}
+
+TEST_F(Run, ANullCallbackLeavesStandardOutputAlone)
+{
+    testing::internal::CaptureStdout();
+    const QString errors =
+        runWith("import sys\nprint('direct', sys.stdout is sys.__stdout__, flush=True)", nullptr,
+                nullptr, nullptr);
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "direct True\n");
+    EXPECT_EQ(errors, QString());
+}
+
+TEST_F(Run, ANullCallbackStillCollectsStandardError)
+{
+    EXPECT_EQ(runWith("import sys\nsys.stderr.write('only this')", nullptr, nullptr, nullptr),
+              QStringLiteral("only this"));
+}
+
+TEST_F(Run, TheCallbacksFlagIsAlwaysFalse)
+{
+    static bool flag;
+    flag = true;
+    runWith("print(1, end='')", nullptr, nullptr, [](const QString&, bool value) { flag = value; });
+    EXPECT_FALSE(flag);
+}
+
+TEST_F(Run, AThrowingCallbackEndsTheRunAndLeavesTheInterpreterSound)
+{
+    static int calls;
+    calls = 0;
+    const QString errors = runWith("reached = []\n"
+                                   "import emb\nemb.reached = reached\n"
+                                   "try:\n"
+                                   "    print('x')\n"
+                                   "    reached.append('after print')\n"
+                                   "except Exception:\n"
+                                   "    reached.append('caught')\n",
+                                   nullptr, nullptr, [](const QString&, bool) {
+                                       ++calls;
+                                       throw std::runtime_error("full");
+                                   });
+    EXPECT_EQ(errors, QStringLiteral("Python rasied exception"));
+    EXPECT_EQ(calls, 1);
+    EXPECT_EQ(value("__import__('emb').reached"), QStringLiteral("[]"));
+    EXPECT_EQ(value("'reached' in globals()"), QStringLiteral("False"));
+    EXPECT_EQ(value("__import__('sys').stderr is __import__('sys').__stderr__"),
+              QStringLiteral("False"))
+        << "the next run is captured again";
+}
+
+TEST_F(Run, AFailedRunIsLogged)
+{
+    runWith("print('x')", nullptr, nullptr,
+            [](const QString&, bool) { throw std::runtime_error("full"); });
+    ASSERT_FALSE(log.isEmpty());
+    EXPECT_TRUE(log.last().endsWith(
+        QLatin1String(": CxPythonScriptPlugin::runScript(): Python rasied exception")))
+        << qPrintable(log.last());
+    EXPECT_TRUE(log.last().contains(QLatin1String(" ScriptRunner.cpp L")));
+}
+
+TEST_F(Run, WhatAFailedRunHadToSayIsLoggedToo)
+{
+    runWith("import sys\nsys.stderr.write('half way')\nprint('x')", nullptr, nullptr,
+            [](const QString&, bool) { throw std::runtime_error("full"); });
+    EXPECT_TRUE(log.last().endsWith(QLatin1String("half way")));
+}
+
+TEST_F(Run, AThrowingStartHookEndsTheRunBeforeTheScript)
+{
+    const QString errors = runWith(
+        "print('never')", [](void*, void*) { throw std::runtime_error("no"); }, nullptr,
+        [](const QString& text, bool) { output += text; });
+    EXPECT_EQ(errors, QStringLiteral("Python rasied exception"));
+    EXPECT_EQ(output, QString());
+    EXPECT_EQ(value("3"), QStringLiteral("3")) << "the lock was released";
+}
+
+TEST_F(Run, SysExitEndsTheScriptAndSaysNothingForZeroAndNone)
+{
+    EXPECT_EQ(run("import sys\nprint('a')\nsys.exit()\nprint('b')"), QString());
+    EXPECT_EQ(output, QStringLiteral("a\n"));
+    EXPECT_EQ(run("import sys\nsys.exit(0)"), QString());
+    EXPECT_EQ(run("raise SystemExit"), QString());
+    EXPECT_EQ(run("exit()"), QString());
+}
+
+TEST_F(Run, SysExitNamesANumberAndPrintsAText)
+{
+    EXPECT_EQ(run("import sys\nsys.exit(3)"), QStringLiteral("script ended with exit status 3\n"));
+    EXPECT_EQ(run("raise SystemExit('no camera')"), QStringLiteral("no camera\n"));
+    EXPECT_EQ(run("raise SystemExit((1, 2))"), QStringLiteral("(1, 2)\n"));
+}
+
+TEST_F(Run, SysExitDuringAnImportEndsTheScriptOnly)
+{
+    EXPECT_EQ(run("import sys, types\n"
+                  "class Finder:\n"
+                  "    @staticmethod\n"
+                  "    def find_spec(name, path=None, target=None):\n"
+                  "        if name == 'leaving': sys.exit('left')\n"
+                  "sys.meta_path.insert(0, Finder)\n"
+                  "import leaving\n"),
+              QStringLiteral("left\n"));
+}
+
+TEST_F(Run, AnExceptHookThatExitsEndsNothing)
+{
+    EXPECT_EQ(run("import sys\nsys.excepthook = lambda *a: sys.exit('from hook')\n1 / 0"),
+              QStringLiteral("from hook\n"));
+    EXPECT_EQ(value("__import__('sys').excepthook is __import__('sys').__excepthook__"),
+              QStringLiteral("False"))
+        << "a script's hook stays in place";
+}
+
+TEST_F(Run, AnExceptHookThatFailsIsReportedWithBothErrors)
+{
+    const QString errors = run("import sys\n"
+                               "def hook(*a): raise KeyError('inner')\n"
+                               "sys.excepthook = hook\n"
+                               "1 / 0");
+    EXPECT_TRUE(errors.contains(QLatin1String("Error in sys.excepthook")));
+    EXPECT_TRUE(errors.contains(QLatin1String("KeyError: 'inner'")));
+    EXPECT_TRUE(errors.contains(QLatin1String("ZeroDivisionError")));
+}
+
+TEST_F(Run, AHomeWithoutStandardLibraryIsAClearErrorAndALaterRunWorks)
+{
+    const QString errors =
+        runWith("print(1)", nullptr, nullptr, nullptr, QStringLiteral("/no/such/home"));
+    EXPECT_TRUE(errors.startsWith(
+        QLatin1String("Python home \"/no/such/home\" holds no standard library (lib/python3.")))
+        << qPrintable(errors);
+    EXPECT_TRUE(log.last().endsWith(errors));
+    EXPECT_EQ(value("'started'"), QStringLiteral("started"));
+}
+
+TEST_F(Run, AWrongHomeInTheProcessEnvironmentIsAClearErrorToo)
+{
+    qputenv("PYTHONHOME", "/no/such/home");
+    EXPECT_TRUE(run("print(1)").startsWith(QLatin1String("Python home \"/no/such/home\"")));
+    qunsetenv("PYTHONHOME");
+    EXPECT_EQ(value("1"), QStringLiteral("1"));
+}
+
+TEST_F(Run, AGoodHomeTakesEffect)
+{
+    EXPECT_EQ(runWith("import sys\nsys.stderr.write(sys.prefix)", nullptr, nullptr, nullptr,
+                      QStringLiteral(VISTREL_PYTHON_HOME)),
+              QStringLiteral(VISTREL_PYTHON_HOME));
+}
+
+TEST_F(Run, TheProgramNameIsTheHostsExecutable)
+{
+    // Python derives its executable from the program name on every version.
+    EXPECT_EQ(value("__import__('sys').executable"), QCoreApplication::applicationFilePath());
+}
+
+TEST_F(Run, BinaryModulesWorkWithAHostThatLoadsWithDefaultHints)
+{
+    EXPECT_EQ(loader.loadHints() & QLibrary::ExportExternalSymbolsHint, 0);
+    EXPECT_EQ(value("[__import__(name).__name__ for name in ('numpy', 'asyncio', 'ctypes', "
+                    "'decimal', 'ssl', 'sqlite3')]"),
+              QStringLiteral("['numpy', 'asyncio', 'ctypes', 'decimal', 'ssl', 'sqlite3']"));
+}
+
+TEST_F(Run, PythonsPathsAreUtf8InEveryLocale)
+{
+    qputenv("LC_ALL", "C");
+    EXPECT_EQ(value("__import__('sys').getfilesystemencoding()"), QStringLiteral("utf-8"));
+}
+
+TEST_F(Run, AStaleInterruptDoesNotEndTheNextScript)
+{
+    run("pass");
+    raise(SIGINT); // Python's handler is installed and marks it for later
+    EXPECT_EQ(value("'alive'"), QStringLiteral("alive"));
+}
+
+TEST_F(Run, AnInterruptDuringTheScriptRaisesKeyboardInterrupt)
+{
+    EXPECT_EQ(error("import os, signal, time\n"
+                    "os.kill(os.getpid(), signal.SIGINT)\n"
+                    "time.sleep(30)"),
+              QStringLiteral("KeyboardInterrupt"));
+}
+
+TEST_F(Run, TheEnvironmentIsTheOneOfTheCurrentRun)
+{
+    run("pass");
+    testing::NiceMock<MockEnvironment> second;
+    ON_CALL(second, isGuiThread()).WillByDefault(testing::Return(true));
+    EXPECT_CALL(second, wait(0.25));
+    EXPECT_CALL(environment, wait(_)).Times(0);
+    plugin->runScript(QStringLiteral("vistrel.wait(0.25)"), &second, QString(), nullptr, nullptr,
+                      nullptr);
+}
+
+TEST_F(Run, ImageVariablesBoundBeforeARunStayAndThoseOfTheHookGo)
+{
+    run("pass");
+    auto image = makeImage(5, 4, 1, ExImageDataType::UInt8, 8);
+    plugin->addImageVariable(QStringLiteral("picture"), image.get());
+    EXPECT_EQ(value("picture.width"), QStringLiteral("5"));
+    EXPECT_EQ(value("picture.height"), QStringLiteral("4"));
+    struct Context {
+        CxScriptLangInterface* plugin;
+        CxImageData* image;
+    } context{plugin, image.get()};
+    runWith(
+        "late.width",
+        [](void*, void* data) {
+            auto* c = static_cast<Context*>(data);
+            c->plugin->addImageVariable(QStringLiteral("late"), c->image);
+        },
+        &context, nullptr);
+    EXPECT_EQ(value("'late' in globals()"), QStringLiteral("False"));
+}
+
+TEST_F(Run, AnImageVariableBeforeTheFirstRunOrWithoutAnImageBindsNothing)
+{
+    auto image = makeImage(5, 4, 1, ExImageDataType::UInt8, 8);
+    plugin->addImageVariable(QStringLiteral("early"), image.get());
+    run("pass");
+    plugin->addImageVariable(QStringLiteral("nothing"), nullptr);
+    EXPECT_EQ(value("('early' in globals(), 'nothing' in globals())"),
+              QStringLiteral("(False, False)"));
+}
+
+TEST_F(Run, RebindingAnImageVariableDoesNotFreeTheHostsImage)
+{
+    run("pass");
+    auto first = makeImage(5, 4, 1, ExImageDataType::UInt8, 8);
+    auto second = makeImage(6, 4, 1, ExImageDataType::UInt8, 8);
+    plugin->addImageVariable(QStringLiteral("picture"), first.get());
+    plugin->addImageVariable(QStringLiteral("picture"), second.get());
+    EXPECT_EQ(value("picture.width"), QStringLiteral("6"));
+    EXPECT_EQ(first->picBuf()->width, 5U);
+}
+
+} // namespace
