@@ -1,0 +1,14 @@
+// SPDX-FileCopyrightText: 2026 The Vistrel Python scripting authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The host's error lines.
+#include "core/Log.h"
+
+#include <QtCore/QLoggingCategory>
+
+namespace {
+
+Q_LOGGING_CATEGORY(hostLog, "vistrel")
+
+} // namespace
+
+void vistrel::logError(const QString& message) { qCCritical(hostLog).noquote() << message; }

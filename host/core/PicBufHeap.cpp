@@ -1,0 +1,197 @@
+// SPDX-FileCopyrightText: 2026 The Vistrel Python scripting authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Picture buffers on the heap: allocate, free, copy, exchange colour channels.
+#include "core/PicBufHeap.h"
+
+#include <CxPicBufAPI.h>
+
+#include <atomic>
+#include <bit>
+#include <cstdlib>
+#include <cstring>
+#include <limits>
+#include <optional>
+
+namespace {
+
+/// Clears by calloc, which gets large blocks from the system already zeroed: they cost nothing
+/// until they are written to.
+void* allocateCleared(std::size_t bytes, std::size_t alignment)
+{
+    if (alignment <= alignof(std::max_align_t))
+        return std::calloc(1, bytes);
+    // aligned_alloc wants a multiple of the alignment.
+    const std::size_t rounded = (bytes + alignment - 1) / alignment * alignment;
+    void* const block = rounded >= bytes ? std::aligned_alloc(alignment, rounded) : nullptr;
+    if (block != nullptr)
+        std::memset(block, 0, bytes);
+    return block;
+}
+
+std::atomic<vistrel::PicBufAllocator> currentAllocator{&allocateCleared};
+
+constexpr quint64 largestStride = std::numeric_limits<quint32>::max();
+constexpr quint64 largestBlock = std::numeric_limits<std::ptrdiff_t>::max();
+
+/// Bytes of the pixels of a line. The factors are bounded first: the record's own product is one of
+/// 32 bits and could wrap around.
+std::optional<quint64> lineBytes(const SxPicBufInfo& info)
+{
+    if (info.width == 0 || info.height == 0 || info.channels == 0 || info.channels > 0xFFFF)
+        return std::nullopt;
+    return quint64{info.width} * info.bytesPerPixel();
+}
+
+/// The given stride when it holds a line, else the next multiple of 4; nothing when the record
+/// cannot say it.
+std::optional<quint32> strideFor(const SxPicBufInfo& info)
+{
+    const auto line = lineBytes(info);
+    if (!line)
+        return std::nullopt;
+    if (info.stride >= *line)
+        return info.stride;
+    const quint64 rounded = (*line + 3) / 4 * 4;
+    if (rounded > largestStride)
+        return std::nullopt;
+    return static_cast<quint32>(rounded);
+}
+
+bool samePixels(const SxPicBufInfo& a, const SxPicBufInfo& b)
+{
+    return a.width == b.width && a.height == b.height && a.channels == b.channels
+           && a.dataType == b.dataType;
+}
+
+/// Bytes from the first to the last pixel: foreign memory may end there, short of a whole stride.
+std::size_t usedBytes(const SxPicBuf& buffer, std::size_t line)
+{
+    return std::size_t{buffer.stride} * (buffer.height - 1) + line;
+}
+
+void copyLines(SxPicBuf& target, const SxPicBuf& source)
+{
+    const std::size_t line = std::size_t{source.width} * source.bytesPerPixel();
+    if (target.stride == source.stride) {
+        std::memcpy(target.data, source.data, usedBytes(source, line));
+        return;
+    }
+    for (std::size_t y = 0; y < source.height; ++y)
+        std::memcpy(target.data + y * target.stride, source.data + y * source.stride, line);
+}
+
+void copyFrameMetadata(SxPicBuf& target, const SxPicBuf& source)
+{
+    target.acqFrameNumber = source.acqFrameNumber;
+    target.timestampUs = source.timestampUs;
+    target.frameNumber = source.frameNumber;
+    target.saturation = source.saturation; // it belongs to the values that were copied
+}
+
+/// Moves elements as raw bits: the same for signed, unsigned and floating-point values, and for
+/// lines that a stride has put on odd addresses.
+template<std::size_t ElementSize>
+void swapFirstAndThird(SxPicBuf& buffer)
+{
+    const std::size_t pixelBytes = buffer.channels * ElementSize;
+    for (std::size_t y = 0; y < buffer.height; ++y) {
+        quint8* pixel = buffer.data + y * buffer.stride;
+        for (quint8* const end = pixel + buffer.width * pixelBytes; pixel != end;
+             pixel += pixelBytes) {
+            quint8 first[ElementSize];
+            std::memcpy(first, pixel, ElementSize);
+            std::memcpy(pixel, pixel + 2 * ElementSize, ElementSize);
+            std::memcpy(pixel + 2 * ElementSize, first, ElementSize);
+        }
+    }
+}
+
+} // namespace
+
+vistrel::PicBufAllocator vistrel::setPicBufAllocator(PicBufAllocator allocator)
+{
+    return currentAllocator.exchange(allocator != nullptr ? allocator : &allocateCleared);
+}
+
+void CxPicBufAPI::AllocPicBufFromHeap(SxPicBuf& buffer, unsigned width, unsigned height,
+                                      unsigned channels, ExImageDataType dataType,
+                                      unsigned blackLevel, unsigned stride, unsigned bpc,
+                                      ExDataStorageFormat storageFormat,
+                                      ExColorFilterArray colorFilterArray, bool isRgb, bool zeroed,
+                                      unsigned long alignment)
+{
+    const SxPicBufInfo info{.width = width,
+                            .height = height,
+                            .stride = stride,
+                            .channels = channels,
+                            .bpc = bpc,
+                            .blackLevel = blackLevel,
+                            .dataType = dataType,
+                            .storageFormat = storageFormat,
+                            .colorFilterArray = colorFilterArray,
+                            .isRgb = isRgb};
+    AllocPicBufFromHeap(buffer, info, zeroed, alignment);
+}
+
+void CxPicBufAPI::AllocPicBufFromHeap(SxPicBuf& buffer, const SxPicBufInfo& info, bool /*zeroed*/,
+                                      unsigned long alignment)
+{
+    const SxPicBufInfo geometry = info; // `info` may be the very record that is filled here
+    buffer = SxPicBuf{};
+    static_cast<SxPicBufInfo&>(buffer) = geometry;
+
+    const auto stride = strideFor(geometry);
+    if (!stride || (alignment != 0 && !std::has_single_bit(alignment)))
+        return;
+    const quint64 bytes = quint64{*stride} * geometry.height; // two 32-bit factors always fit
+    if (bytes > largestBlock)
+        return;
+    buffer.stride = *stride;
+    buffer.allocation = currentAllocator.load()(bytes, alignment);
+    buffer.data = static_cast<quint8*>(buffer.allocation);
+    buffer.allocatedBytes = buffer.allocation != nullptr ? bytes : 0;
+}
+
+void CxPicBufAPI::FreePicBuf(SxPicBuf& buffer, bool resetInfo)
+{
+    std::free(buffer.allocation);
+    buffer.data = nullptr;
+    buffer.allocation = nullptr;
+    buffer.allocatedBytes = 0;
+    if (resetInfo)
+        buffer = SxPicBuf{};
+}
+
+bool CxPicBufAPI::CopyPicBuf(SxPicBuf& target, const SxPicBuf& source, bool copyMetadata)
+{
+    if (target.data == nullptr || source.data == nullptr || !samePixels(target, source))
+        return false;
+    if (target.data != source.data)
+        copyLines(target, source);
+    if (copyMetadata)
+        copyFrameMetadata(target, source);
+    return true;
+}
+
+bool CxPicBufAPI::SwapRedAndBlue(SxPicBuf& buffer)
+{
+    if (buffer.data == nullptr || buffer.channels < 3
+        || buffer.dataType == ExImageDataType::Packed565)
+        return false;
+    switch (buffer.bytesPerPixel() / buffer.channels) {
+    case 1:
+        swapFirstAndThird<1>(buffer);
+        break;
+    case 2:
+        swapFirstAndThird<2>(buffer);
+        break;
+    case 4:
+        swapFirstAndThird<4>(buffer);
+        break;
+    default:
+        swapFirstAndThird<8>(buffer);
+        break;
+    }
+    buffer.isRgb = !buffer.isRgb;
+    return true;
+}
