@@ -1,0 +1,156 @@
+// SPDX-FileCopyrightText: 2026 The Vistrel Python scripting authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Operations of the application: its window, its views and their images.
+#include "app/AppDelegate.h"
+
+#include "app/ImageFile.h"
+#include "app/ImageView.h"
+#include "app/MainWindow.h"
+#include "core/Log.h"
+
+#include <CxImageData.h>
+
+#include <QtCore/QDebug>
+#include <QtCore/QFileInfo>
+#include <QtWidgets/QMdiArea>
+#include <QtWidgets/QMdiSubWindow>
+#include <QtWidgets/QStatusBar>
+
+#include <algorithm>
+#include <utility>
+
+namespace vistrel {
+
+namespace {
+
+constexpr int notificationMs = 5000;
+constexpr qsizetype recentFilesKept = 10;
+
+} // namespace
+
+AppDelegate::AppDelegate(CameraManager& cameras)
+    : m_cameras(cameras)
+{
+}
+
+AppDelegate::~AppDelegate() { m_views.clear(); }
+
+MainWindow& AppDelegate::window()
+{
+    if (!m_window) {
+        m_window = std::make_unique<MainWindow>();
+        connect(m_window->area(), &QMdiArea::subWindowActivated, this, &AppDelegate::followArea);
+    }
+    return *m_window;
+}
+
+QWidget* AppDelegate::mainWindow() { return &window(); }
+
+QMenu* AppDelegate::menu(int which) { return window().menu(which); }
+
+void AppDelegate::showNotification(const QString& text)
+{
+    if (m_window)
+        m_window->statusBar()->showMessage(text, notificationMs);
+    qInfo().noquote() << text;
+}
+
+int AppDelegate::activeViewId() { return m_views.activeId(); }
+
+void AppDelegate::activateView(int id)
+{
+    ImageView* view = m_views.find(id);
+    if (!view)
+        return;
+    m_views.setActive(view);
+    window().area()->setActiveSubWindow(qobject_cast<QMdiSubWindow*>(view->parentWidget()));
+}
+
+void AppDelegate::tileViews() { window().area()->tileSubWindows(); }
+
+void AppDelegate::setFullScreen(bool on)
+{
+    // Not showFullScreen(): a window that is not on the screen stays hidden.
+    window().setWindowState(window().windowState().setFlag(Qt::WindowFullScreen, on));
+}
+
+CxMdiView* AppDelegate::view(int id) { return m_views.find(id); }
+
+bool AppDelegate::duplicateView(int id)
+{
+    const ImageView* source = id == -1 ? m_views.active() : m_views.find(id);
+    std::unique_ptr<CxImageData> copy = source ? copyOfImage(source->image()) : nullptr;
+    if (!copy)
+        return false;
+    openView(tr("Copy of %1").arg(source->windowTitle()), std::move(copy));
+    return true;
+}
+
+bool AppDelegate::openFile(const QString& path, bool addRecent)
+{
+    std::unique_ptr<CxImageData> image = readImageFile(path);
+    if (!image)
+        return false;
+    openView(QFileInfo(path).fileName(), std::move(image));
+    if (addRecent)
+        rememberFile(path);
+    return true;
+}
+
+bool AppDelegate::newViewWithImage(CxImageData* image, const QString& title)
+{
+    if (!image)
+        return false;
+    openView(title, std::unique_ptr<CxImageData>(image));
+    return true;
+}
+
+void AppDelegate::setViewImage(int id, CxImageData* image)
+{
+    std::unique_ptr<CxImageData> owned(image);
+    ImageView* view = m_views.find(id);
+    if (view)
+        view->setImage(std::move(owned));
+}
+
+CxImageData* AppDelegate::viewImage(int id) { return m_views.imageOf(id); }
+
+void AppDelegate::playSound(const QString& path)
+{
+    logError(tr("Sounds are not available: %1 was not played").arg(path));
+}
+
+ImageView* AppDelegate::openView(const QString& title, std::unique_ptr<CxImageData> image)
+{
+    auto* view = new ImageView(m_views.takeId(), title);
+    view->setImage(std::move(image));
+    connect(view, &ImageView::closing, this, [this, view] { dropView(view); });
+    QMdiSubWindow* subWindow = window().area()->addSubWindow(view);
+    subWindow->setAttribute(Qt::WA_DeleteOnClose);
+    m_views.add(view);
+    subWindow->show();
+    activateView(view->id());
+    return view;
+}
+
+void AppDelegate::dropView(ImageView* view)
+{
+    m_views.remove(view);
+    activateView(m_views.activeId());
+}
+
+void AppDelegate::followArea(QMdiSubWindow* activated)
+{
+    // The area reports that none is active also when the whole window is left: that is ignored.
+    if (activated)
+        m_views.setActive(qobject_cast<ImageView*>(activated->widget()));
+}
+
+void AppDelegate::rememberFile(const QString& path)
+{
+    m_recentFiles.removeAll(path);
+    m_recentFiles.prepend(path);
+    m_recentFiles = m_recentFiles.first(std::min(m_recentFiles.size(), recentFilesKept));
+}
+
+} // namespace vistrel

@@ -1,0 +1,74 @@
+// SPDX-FileCopyrightText: 2026 The Vistrel Python scripting authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The application as plugins see it: main window, views, files and live cameras.
+#pragma once
+
+#include "app/ViewList.h"
+
+#include <IxAppDelegate.h>
+
+#include <QtCore/QObject>
+#include <QtCore/QStringList>
+
+#include <memory>
+
+class QMdiSubWindow;
+
+namespace vistrel {
+
+class CameraManager;
+class ImageView;
+class MainWindow;
+
+/// Makes the main window when it is first needed: a program without a screen may do without one.
+class AppDelegate : public QObject, public IxAppDelegate {
+    Q_OBJECT
+
+public:
+    /// The manager must outlive the delegate.
+    explicit AppDelegate(CameraManager& cameras);
+    /// Closes all views and stops their streams.
+    ~AppDelegate() override;
+
+    QWidget* mainWindow() override;
+    QMenu* menu(int which) override;
+    void showNotification(const QString& text) override;
+    int activeViewId() override;
+    void activateView(int id) override;
+    void tileViews() override;
+    void setFullScreen(bool on) override;
+    CxMdiView* view(int id) override;
+    bool duplicateView(int id) override;
+    bool openFile(const QString& path, bool addRecent) override;
+    bool newViewWithImage(CxImageData* image, const QString& title) override;
+    void setViewImage(int id, CxImageData* image) override;
+    CxImageData* viewImage(int id) override;
+    void playSound(const QString& path) override;
+    bool setCameraAcquisition(bool start, void* cameraHandle) override;
+    void restartCameraWithDefaults(void* cameraHandle) override;
+    SxPicBuf* captureImageDialog(QWidget* parent, void* cameraHandle, const QString& title,
+                                 const QString& message, bool valueGiven, int* value,
+                                 int extra) override;
+
+    /// The view with that id, null when there is none.
+    ImageView* imageView(int id) const { return m_views.find(id); }
+    /// Files opened last, the newest first.
+    const QStringList& recentFiles() const { return m_recentFiles; }
+
+private:
+    MainWindow& window();
+    ImageView* openView(const QString& title, std::unique_ptr<CxImageData> image);
+    void dropView(ImageView* view);
+    void followArea(QMdiSubWindow* activated);
+    void rememberFile(const QString& path);
+    ImageView* liveView(void* cameraHandle) const;
+    bool startLiveView(void* cameraHandle);
+    bool openLiveView(void* cameraHandle, QString& error);
+
+    CameraManager& m_cameras;
+    ViewList m_views;
+    QStringList m_recentFiles;
+    std::unique_ptr<MainWindow> m_window;
+};
+
+} // namespace vistrel

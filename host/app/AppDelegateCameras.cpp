@@ -1,0 +1,77 @@
+// SPDX-FileCopyrightText: 2026 The Vistrel Python scripting authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Operations of the application: live cameras in views.
+#include "app/AppDelegate.h"
+
+#include "app/ImageView.h"
+#include "app/LiveStream.h"
+#include "cameras/CameraManager.h"
+#include "core/Log.h"
+
+#include <CxCameraParameters.h>
+#include <CxImageData.h>
+
+#include <algorithm>
+
+namespace vistrel {
+
+bool AppDelegate::setCameraAcquisition(bool start, void* cameraHandle)
+{
+    if (!m_cameras.cameraParameters(cameraHandle))
+        return false;
+    if (start)
+        return startLiveView(cameraHandle);
+    const ImageView* view = liveView(cameraHandle);
+    if (view)
+        view->stream()->stop();
+    return true;
+}
+
+ImageView* AppDelegate::liveView(void* cameraHandle) const
+{
+    const auto showsCamera = [cameraHandle](const ImageView* view) {
+        return view->stream() && view->stream()->camera() == cameraHandle;
+    };
+    const auto& views = m_views.all();
+    const auto position = std::find_if(views.begin(), views.end(), showsCamera);
+    return position == views.end() ? nullptr : *position;
+}
+
+bool AppDelegate::startLiveView(void* cameraHandle)
+{
+    QString error;
+    const ImageView* view = liveView(cameraHandle);
+    const bool started = view ? view->stream()->start(error) : openLiveView(cameraHandle, error);
+    if (!started) {
+        logError(error);
+        return false;
+    }
+    if (view)
+        activateView(view->id());
+    return true;
+}
+
+bool AppDelegate::openLiveView(void* cameraHandle, QString& error)
+{
+    auto stream = std::make_unique<LiveStream>(m_cameras, cameraHandle);
+    if (!stream->start(error))
+        return false;
+    const SxCameraInfo& info = m_cameras.cameraParameters(cameraHandle)->cameraInfo();
+    const QString title = tr("%1 (%2)").arg(info.deviceName, info.serialNumber);
+    openView(title, nullptr)->setStream(std::move(stream));
+    return true;
+}
+
+void AppDelegate::restartCameraWithDefaults(void*)
+{
+    logError(tr("Restarting a camera with its defaults is not available"));
+}
+
+SxPicBuf* AppDelegate::captureImageDialog(QWidget*, void*, const QString&, const QString&, bool,
+                                          int*, int)
+{
+    logError(tr("Capturing an image by dialog is not available"));
+    return nullptr;
+}
+
+} // namespace vistrel

@@ -1,0 +1,77 @@
+// SPDX-FileCopyrightText: 2026 The Vistrel Python scripting authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The window that shows an image or a camera's stream.
+#pragma once
+
+#include <CxMdiView.h>
+
+#include <QtGui/QImage>
+#include <QtWidgets/QWidget>
+
+#include <atomic>
+#include <memory>
+
+class CxImageData;
+
+namespace vistrel {
+
+class LiveStream;
+
+/// Content of a window in the main window's area. GUI thread, if not said otherwise.
+class ImageView : public QWidget, public CxMdiView {
+    Q_OBJECT
+
+public:
+    ImageView(int id, const QString& title);
+    ~ImageView() override;
+
+    int id() const { return m_id; }
+    /// What the view shows; null when that is nothing. It belongs to the view. Any thread, but the
+    /// GUI thread may replace it.
+    CxImageData* image() const { return m_shown.load(std::memory_order_acquire); }
+    void setImage(std::unique_ptr<CxImageData> image);
+
+    /// Shows a camera's frames from now on.
+    void setStream(std::unique_ptr<LiveStream> stream);
+    /// The view's stream, running or not; null when the view has none.
+    LiveStream* stream() const { return m_stream.get(); }
+    bool isStreaming() const;
+    /// Shows the newest frame of the stream if there is one that it has not shown yet.
+    void takeFrame();
+    /// Whether the window has been closed; the object follows when events are handled.
+    bool isClosed() const { return m_closed; }
+
+    bool startRecording(QString path) override;
+    void stopRecording() override;
+    bool isRecording() const override;
+    quint64 frameCount() const override { return m_frameCount; }
+    CxChainable* chainEnd() override;
+
+    QSize sizeHint() const override;
+
+Q_SIGNALS:
+    /// The view has just shown another frame of its stream.
+    void frameTaken();
+    /// The view's camera does not stream any more.
+    void streamStopped();
+    /// The window is being closed; the view must not be used any more.
+    void closing();
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    void requestClose() override;
+    void updateDisplay();
+
+    const int m_id;
+    std::unique_ptr<CxImageData> m_image;
+    std::atomic<CxImageData*> m_shown{nullptr}; // m_image for other threads
+    std::unique_ptr<LiveStream> m_stream;
+    quint64 m_frameCount = 0;
+    bool m_closed = false;
+    QImage m_display; // made when first painted, so that views without a screen cost nothing
+};
+
+} // namespace vistrel

@@ -1,0 +1,39 @@
+// SPDX-FileCopyrightText: 2026 The Vistrel Python scripting authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Takes a signal handler away and puts it back.
+#include "app/InterruptHandover.h"
+
+namespace vistrel {
+
+namespace {
+
+bool isFunction(const struct sigaction& action)
+{
+    const bool hasInfo = (action.sa_flags & SA_SIGINFO) != 0;
+    return hasInfo || (action.sa_handler != SIG_DFL && action.sa_handler != SIG_IGN);
+}
+
+} // namespace
+
+InterruptHandover::Run::Run(InterruptHandover& handover)
+    : m_handover(handover)
+{
+    if (m_handover.m_handler)
+        sigaction(SIGINT, &*m_handover.m_handler, nullptr);
+}
+
+InterruptHandover::Run::~Run()
+{
+    // A script may have chosen the default action or to ignore the signal: that is left alone.
+    m_handover.m_handler.reset();
+    struct sigaction current = {};
+    sigaction(SIGINT, nullptr, &current);
+    if (!isFunction(current))
+        return;
+    m_handover.m_handler = current;
+    struct sigaction byDefault = {};
+    byDefault.sa_handler = SIG_DFL;
+    sigaction(SIGINT, &byDefault, nullptr);
+}
+
+} // namespace vistrel

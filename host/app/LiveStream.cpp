@@ -1,0 +1,127 @@
+// SPDX-FileCopyrightText: 2026 The Vistrel Python scripting authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+// A slot for one frame, filled on the stream thread and emptied on the GUI thread.
+#include "app/LiveStream.h"
+
+#include "cameras/CameraManager.h"
+
+#include <CxImageData.h>
+
+#include <mutex>
+#include <utility>
+
+namespace vistrel {
+
+/// Each operation may be called on any thread.
+class LiveStream::Slot {
+public:
+    /// @param stream  is told when a frame waits; until close().
+    explicit Slot(LiveStream& stream)
+        : m_stream(&stream)
+    {
+    }
+
+    void put(std::unique_ptr<CxImageData> frame);
+    std::unique_ptr<CxImageData> take();
+    void close();
+    quint64 overwritten() const;
+
+private:
+    void announce();
+
+    mutable std::mutex m_mutex;
+    LiveStream* m_stream;
+    std::unique_ptr<CxImageData> m_newest;
+    bool m_announced = false;
+    quint64 m_overwritten = 0;
+};
+
+void LiveStream::Slot::put(std::unique_ptr<CxImageData> frame)
+{
+    const std::scoped_lock lock(m_mutex);
+    if (!m_stream)
+        return;
+    if (m_newest)
+        ++m_overwritten;
+    m_newest.swap(frame); // the old one goes after the lock
+    if (!std::exchange(m_announced, true))
+        QMetaObject::invokeMethod(
+            m_stream, [this] { announce(); }, Qt::QueuedConnection);
+}
+
+std::unique_ptr<CxImageData> LiveStream::Slot::take()
+{
+    const std::scoped_lock lock(m_mutex);
+    return std::move(m_newest);
+}
+
+void LiveStream::Slot::close()
+{
+    const std::scoped_lock lock(m_mutex);
+    m_stream = nullptr;
+}
+
+quint64 LiveStream::Slot::overwritten() const
+{
+    const std::scoped_lock lock(m_mutex);
+    return m_overwritten;
+}
+
+void LiveStream::Slot::announce()
+{
+    LiveStream* stream = nullptr;
+    {
+        const std::scoped_lock lock(m_mutex);
+        m_announced = false;
+        stream = m_stream;
+    }
+    Q_EMIT stream->frameReady();
+}
+
+LiveStream::LiveStream(CameraManager& cameras, void* cameraHandle)
+    : m_cameras(cameras)
+    , m_camera(cameraHandle)
+    , m_slot(std::make_shared<Slot>(*this))
+{
+    connect(&cameras, &CameraManager::cameraClosing, this, &LiveStream::detach);
+}
+
+LiveStream::~LiveStream()
+{
+    m_slot->close();
+    if (m_camera)
+        m_cameras.stop(m_camera);
+}
+
+bool LiveStream::start(QString& error)
+{
+    const auto sink = [slot = m_slot](std::unique_ptr<CxImageData> frame) {
+        slot->put(std::move(frame));
+    };
+    return m_cameras.start(m_camera, sink, error);
+}
+
+void LiveStream::stop()
+{
+    if (!m_camera)
+        return;
+    m_cameras.stop(m_camera);
+    Q_EMIT stopped();
+}
+
+bool LiveStream::isStreaming() const { return m_camera && m_cameras.isStreaming(m_camera); }
+
+std::unique_ptr<CxImageData> LiveStream::takeNewest() { return m_slot->take(); }
+
+quint64 LiveStream::overwrittenFrames() const { return m_slot->overwritten(); }
+
+void LiveStream::detach(void* closingCamera)
+{
+    // The manager stops the camera itself. Stopping a lost one takes seconds: not here.
+    if (closingCamera != m_camera)
+        return;
+    m_camera = nullptr;
+    Q_EMIT stopped();
+}
+
+} // namespace vistrel

@@ -1,0 +1,58 @@
+// SPDX-FileCopyrightText: 2026 The Vistrel Python scripting authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The way of a camera's frames from its stream thread to the user interface.
+#pragma once
+
+#include <QtCore/QObject>
+
+#include <memory>
+
+class CxImageData;
+
+namespace vistrel {
+
+class CameraManager;
+
+/// Keeps the newest frame of one camera until somebody takes it. The camera's thread never waits:
+/// a frame that nobody took in time is overwritten by the next one, and counted.
+///
+/// Belongs to the GUI thread. When the camera is closed or lost the stream ends by itself.
+class LiveStream : public QObject {
+    Q_OBJECT
+
+public:
+    /// The manager must outlive the stream; the handle is that of an opened camera.
+    LiveStream(CameraManager& cameras, void* cameraHandle);
+    /// Stops the camera's stream.
+    ~LiveStream() override;
+
+    /// The camera's handle; null as soon as the camera has been closed.
+    void* camera() const { return m_camera; }
+    /// Starts the camera; true also when it streams already. False with the reason in `error`.
+    bool start(QString& error);
+    /// Stops the camera; a frame that waits to be taken stays.
+    void stop();
+    bool isStreaming() const;
+
+    /// The newest frame, null when it has been taken already.
+    std::unique_ptr<CxImageData> takeNewest();
+    /// How many frames nobody took. Any thread.
+    quint64 overwrittenFrames() const;
+
+Q_SIGNALS:
+    /// A frame waits to be taken. One call stands for all frames since the last takeNewest().
+    void frameReady();
+    /// The camera does not stream any more.
+    void stopped();
+
+private:
+    class Slot;
+
+    void detach(void* closingCamera);
+
+    CameraManager& m_cameras;
+    void* m_camera;
+    std::shared_ptr<Slot> m_slot; // shared with the sink: a camera that is lost may still call it
+};
+
+} // namespace vistrel
