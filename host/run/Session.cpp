@@ -1,0 +1,134 @@
+// SPDX-FileCopyrightText: 2026 The Vistrel Python scripting authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Preparation and runs.
+#include "run/Session.h"
+
+#include "app/ImageFile.h"
+#include "run/ProcessSetup.h"
+#include "run/ScriptSource.h"
+#include "run/StandardStreams.h"
+#include "run/UsageError.h"
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QEvent>
+#include <QtCore/QFileInfo>
+
+#include <utility>
+
+namespace vistrel {
+
+namespace {
+
+QString tr(const char* text) { return QCoreApplication::translate("Session", text); }
+
+bool outputFailed = false;
+
+/// Receives the scripts' output. The first failure is reported, and ends every run that writes.
+void onOutput(const QString& text, bool)
+{
+    try {
+        writeOutput(text);
+    } catch (const OutputFailure& failure) {
+        if (!std::exchange(outputFailed, true))
+            reportOutputFailure(failure);
+        throw;
+    }
+}
+
+std::vector<QString> readScripts(const QStringList& files)
+{
+    std::vector<QString> texts;
+    for (const QString& file : files)
+        texts.push_back(readScript(file));
+    return texts;
+}
+
+[[noreturn]] void refusePicture(const QString& file, const KeptLog& log)
+{
+    if (!QFileInfo(file).isFile())
+        throw UsageError(tr("there is no picture %1").arg(file));
+    const QString reason = log.lines().join(QLatin1String("; "));
+    throw UsageError(tr("cannot read picture %1: %2")
+                         .arg(file, reason.isEmpty() ? tr("no format for it") : reason));
+}
+
+/// What events and closed views have left behind.
+void handlePendingEvents()
+{
+    QCoreApplication::processEvents();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+} // namespace
+
+Session::Session(const CommandLine& commandLine)
+    : m_scripts(readScripts(commandLine.scripts))
+    , m_pythonHome(commandLine.pythonHome)
+{
+    QString error;
+    if (!m_engine.load(commandLine.plugin, error))
+        throw UsageError(error);
+    for (const auto& [name, file] : commandLine.images)
+        loadImage(name, file);
+    for (const QString& file : commandLine.openFiles)
+        openFile(file);
+    for (const QString& id : commandLine.cameras)
+        openCamera(id);
+    m_host.environment().setWorkingDirectory(commandLine.workingDirectory);
+}
+
+void Session::openCamera(const QString& id)
+{
+    QString error;
+    if (!m_host.cameras().open(id, error))
+        throw UsageError(error);
+}
+
+void Session::openFile(const QString& file)
+{
+    const KeptLog log;
+    if (!m_host.delegate().openFile(QFileInfo(file).absoluteFilePath(), false))
+        refusePicture(file, log);
+}
+
+void Session::loadImage(const QString& name, const QString& file)
+{
+    const KeptLog log;
+    std::unique_ptr<CxImageData> image = readImageFile(QFileInfo(file).absoluteFilePath());
+    if (!image)
+        refusePicture(file, log);
+    m_images.push_back({name, std::move(image)});
+}
+
+bool Session::run()
+{
+    if (!bindImages())
+        return false;
+    bool succeeded = true;
+    for (const QString& script : m_scripts)
+        succeeded = runScript(script) && succeeded;
+    return succeeded && !outputFailed;
+}
+
+bool Session::bindImages()
+{
+    if (m_images.empty())
+        return true;
+    // The interpreter, which takes the images, starts with the first run.
+    if (!runScript(QString()))
+        return false;
+    for (const NamedImage& named : m_images)
+        m_engine.addImage(named.name, *named.image);
+    return true;
+}
+
+bool Session::runScript(const QString& script)
+{
+    const QString errors = m_engine.run(script, m_host.environment(), m_pythonHome, onOutput);
+    if (!errors.isEmpty())
+        writeError(errors);
+    handlePendingEvents();
+    return errors.isEmpty();
+}
+
+} // namespace vistrel
