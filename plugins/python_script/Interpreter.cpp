@@ -60,7 +60,9 @@ void initialize(const QString& pythonHome)
     const std::wstring program = QCoreApplication::applicationFilePath().toStdWString();
     const std::wstring home = pythonHome.toStdWString();
     Py_SetProgramName(program.c_str());
-    Py_SetPythonHome(home.c_str());
+    // An empty home means the default. Before 3.11 an empty text would be taken as a folder without
+    // a library, and end the process.
+    Py_SetPythonHome(home.empty() ? nullptr : home.c_str());
     // Paths and texts are UTF-8 in the host, whatever the locale says.
     Py_UTF8Mode = 1;
     PyImport_AppendInittab("emb", emb::PyInit_emb);

@@ -118,13 +118,11 @@ TEST_F(ImageFiles, SavingMakesTheFolderAndIgnoresTheWritersResult)
 
 TEST_F(ImageFiles, SavingAnEmptyObjectOrWithoutAWriterGivesTheInterpretersOwnError)
 {
-    const QString silent = QStringLiteral("returned NULL without setting an exception");
     EXPECT_CALL(formats, saverForFile(_)).WillOnce(Return(nullptr));
-    EXPECT_TRUE(error("vistrel.Image().save_to_file('/tmp/x.png')").endsWith(silent));
-    EXPECT_TRUE(error("vistrel.Image().save_to_file(5)").endsWith(silent))
-        << "the empty object is found before the arguments are looked at";
-    EXPECT_TRUE(error("i = vistrel.Image()\ni.alloc(1, 1, 1, 8)\ni.save_to_file('/tmp/x.odd')")
-                    .endsWith(silent));
+    expectSilentNull("vistrel.Image().save_to_file('/tmp/x.png')");
+    // The empty object is found before the arguments are looked at.
+    expectSilentNull("vistrel.Image().save_to_file(5)");
+    expectSilentNull("i = vistrel.Image()\ni.alloc(1, 1, 1, 8)\ni.save_to_file('/tmp/x.odd')");
 }
 
 } // namespace

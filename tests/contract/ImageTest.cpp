@@ -57,12 +57,8 @@ TEST_F(ImageObject, MethodsOfAnEmptyObjectGiveTheInterpretersOwnError)
 {
     for (const char* method :
          {"get_width", "get_height", "get_channels", "get_bpc", "get_frame_number",
-          "get_time_stamp", "get_bytes_per_pixel", "get_image_data_numpy", "new_copy"}) {
-        const QString last = error(("vistrel.Image()." + std::string(method) + "()").c_str());
-        EXPECT_TRUE(last.startsWith(QLatin1String("SystemError: "))) << method;
-        EXPECT_TRUE(last.endsWith(QLatin1String("returned NULL without setting an exception")))
-            << qPrintable(last);
-    }
+          "get_time_stamp", "get_bytes_per_pixel", "get_image_data_numpy", "new_copy"})
+        expectSilentNull(("vistrel.Image()." + std::string(method) + "()").c_str());
 }
 
 TEST_F(ImageObject, ExportsOfAnEmptyObjectNameIt)

@@ -86,6 +86,15 @@ QString PluginTest::error(const char* script)
     return errors.section(QLatin1Char('\n'), -1);
 }
 
+void PluginTest::expectSilentNull(const char* script)
+{
+    // "an error" before Python 3.10, "an exception" since.
+    const QString last = error(script);
+    EXPECT_TRUE(last.startsWith(QLatin1String("SystemError: "))) << script << qPrintable(last);
+    EXPECT_TRUE(last.contains(QLatin1String("returned NULL without setting an e")))
+        << script << qPrintable(last);
+}
+
 QString PluginTest::errorOffGuiThread(const char* expression)
 {
     const std::string script = "import threading\n"

@@ -33,7 +33,9 @@ protected:
     QString value(const char* expression);
     /// The last line of the error that a script ends with.
     QString error(const char* script);
-    /// The same for a script that runs on a Python thread of its own.
+    /// The script ends in the interpreter's own report of a null result without an exception.
+    void expectSilentNull(const char* script);
+    /// What error() gives for an expression that runs on a Python thread of its own.
     QString errorOffGuiThread(const char* expression);
 
     /// Destroys the plugin object, which stops the interpreter.

@@ -4,6 +4,12 @@
 #include "PluginTest.h"
 
 #include <QtCore/QCoreApplication>
+#include <QtCore/QDir>
+#include <QtCore/QFile>
+#include <QtCore/QFileInfo>
+#include <QtCore/QTemporaryDir>
+
+#include <dlfcn.h>
 
 #include <csignal>
 #include <stdexcept>
@@ -24,6 +30,18 @@ protected:
                                  callback);
     }
 };
+
+/// The folder that holds python3.X: that of the library file, or the one above it.
+QString folderOfStandardLibrary()
+{
+    void* const library = dlopen(VISTREL_PYTHON_LIBRARY, RTLD_LAZY);
+    Dl_info info{};
+    dladdr(dlsym(library, "Py_Initialize"), &info);
+    QDir folder = QFileInfo(QFileInfo(QString::fromUtf8(info.dli_fname)).canonicalFilePath()).dir();
+    if (folder.entryList({QStringLiteral("python3.*")}, QDir::Dirs).isEmpty())
+        folder.cdUp();
+    return folder.path();
+}
 
 TEST_F(Run, AnEmptyScriptReturnsNothing)
 {
@@ -288,9 +306,11 @@ TEST_F(Run, AWrongHomeInTheProcessEnvironmentIsAClearErrorToo)
 
 TEST_F(Run, AGoodHomeTakesEffect)
 {
-    EXPECT_EQ(runWith("import sys\nsys.stderr.write(sys.prefix)", nullptr, nullptr, nullptr,
-                      QStringLiteral(VISTREL_PYTHON_HOME)),
-              QStringLiteral(VISTREL_PYTHON_HOME));
+    const QTemporaryDir home;
+    ASSERT_TRUE(QFile::link(folderOfStandardLibrary(), home.filePath(QStringLiteral("lib"))));
+    EXPECT_EQ(
+        runWith("import sys\nsys.stderr.write(sys.prefix)", nullptr, nullptr, nullptr, home.path()),
+        home.path());
 }
 
 TEST_F(Run, TheProgramNameIsTheHostsExecutable)

@@ -13,20 +13,9 @@ using testing::StrictMock;
 
 namespace {
 
-const QString silentNull =
-    QStringLiteral("returned NULL without setting an exception"); // the interpreter's own words
-
 class Views : public PluginTest {
 protected:
     Views() { ON_CALL(delegate, activeViewId()).WillByDefault(Return(7)); }
-
-    /// The call ends in the interpreter's report of a null result without an exception.
-    void expectSilentNull(const char* script)
-    {
-        const QString last = error(script);
-        EXPECT_TRUE(last.startsWith(QLatin1String("SystemError: "))) << qPrintable(last);
-        EXPECT_TRUE(last.endsWith(silentNull)) << qPrintable(last);
-    }
 
     std::unique_ptr<CxImageData> picture = makeImage(4, 3, 1, ExImageDataType::UInt8, 8);
     testing::NiceMock<MockMdiView> view;
