@@ -108,7 +108,7 @@ Camera::~Camera()
 {
     g_signal_handler_disconnect(m_device.get(), m_signal);
     stopStream();
-    m_stream.stop();
+    m_stream.letGo();
     m_camera.reset();
     waitForLastReference(m_device.get());
 }

@@ -206,9 +206,11 @@ void CameraManager::closeLost(Camera* camera)
 // when this returns, so that it can be opened again.
 void CameraManager::release(std::unique_ptr<Camera> camera)
 {
-    if (!camera || !camera->lost())
+    if (!camera)
         return;
     camera->stopStream();
+    if (camera->stream().answering())
+        return;
     m_releasing->start(new CameraRelease(std::move(camera)));
 }
 

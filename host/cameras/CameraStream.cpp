@@ -74,8 +74,12 @@ void CameraStream::stop()
 void CameraStream::abandon()
 {
     m_answering = false;
-    endDelivery();
-    m_sink = nullptr;
+    stop();
+}
+
+void CameraStream::letGo()
+{
+    m_stream.reset(); // waits for Aravis' thread
 }
 
 void CameraStream::pause()
@@ -106,6 +110,7 @@ void CameraStream::refreshRecordedSettings()
 bool CameraStream::open(QString& error)
 {
     ArvFailure failure;
+    m_answering = true;
     refreshRecordedSettings();
     if (createStream(failure)) {
         m_lastFrameId = 0;
@@ -150,14 +155,23 @@ void CameraStream::endDelivery()
     m_thread.join();
 }
 
+// Of the calls to a dead camera that time out, each after seconds, this is the first.
+void CameraStream::stopAcquisition()
+{
+    ArvFailure failure;
+    arv_camera_stop_acquisition(m_camera, failure.receive());
+    m_answering = !failure.is(ARV_DEVICE_ERROR, ARV_DEVICE_ERROR_TIMEOUT)
+                  && !failure.is(ARV_DEVICE_ERROR, ARV_DEVICE_ERROR_NOT_CONNECTED);
+}
+
 void CameraStream::closeStream()
 {
-    if (!m_stream)
+    if (m_stream && m_answering)
+        stopAcquisition();
+    if (!m_stream || !m_answering)
         return;
-    if (m_answering)
-        arv_camera_stop_acquisition(m_camera, nullptr);
     m_earlierUnderruns = underruns();
-    m_stream.reset(); // waits for Aravis' thread
+    letGo();
     while (m_finished.try_acquire()) {
     }
 }

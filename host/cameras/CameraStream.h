@@ -29,11 +29,15 @@ public:
 
     /// Starts, with numbers from 0. False with the reason in `error` when the camera refuses.
     bool start(FrameSink sink, QString& error);
-    /// Stops the camera and forgets the sink, which is not called any more.
+    /// Stops the camera and forgets the sink, which is not called any more. When the camera does
+    /// not answer any more, what Aravis holds stays until letGo(), which then takes seconds.
     void stop();
-    /// The same for a camera that does not answer any more: returns at once, nothing is sent. What
-    /// Aravis holds goes with this object, which may take seconds.
+    /// The same for a camera of which that is known: nothing is sent.
     void abandon();
+    /// Gives back what Aravis holds; the stream has been stopped.
+    void letGo();
+    /// Whether the camera answered when it was spoken to last.
+    bool answering() const { return m_answering; }
     bool running() const { return m_thread.joinable(); }
 
     /// Stops the camera but keeps sink and numbers, for changes that it refuses while it runs.
@@ -51,6 +55,7 @@ private:
     bool open(QString& error);
     bool createStream(ArvFailure& failure);
     void startAcquisition(ArvFailure& failure);
+    void stopAcquisition();
     void endDelivery();
     void closeStream();
     quint64 underruns() const;

@@ -155,6 +155,23 @@ TEST_F(NetworkCamera, TheManagerMayGoRightAfterTheCameraDied)
     EXPECT_FALSE(collector.take(1).empty());
 }
 
+TEST_F(NetworkCamera, ClosingItRightAfterItDiedLeavesTheRestWorking)
+{
+    void* camera = openNetworkCamera();
+    start(camera);
+    ASSERT_FALSE(collector.take(1).empty());
+    process.kill();
+    process.waitForFinished();
+    int reports = 0;
+    QObject::connect(&manager, &CameraManager::cameraLost, &application, [&] { ++reports; });
+    manager.close(camera);
+    EXPECT_EQ(manager.openedCameraCount(), 0U);
+    collector.take(0);
+    start(openSimulated());
+    EXPECT_FALSE(collector.take(1).empty());
+    EXPECT_EQ(reports, 0);
+}
+
 } // namespace
 
 } // namespace vistrel::test
