@@ -1,0 +1,203 @@
+// SPDX-FileCopyrightText: 2026 The Vistrel Python scripting authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Scripts and hosts that mean harm or know no better: nothing may end the process.
+#include "PluginTest.h"
+
+#include "core/HostSingletons.h"
+#include "core/PicBufHeap.h"
+
+#include <cstdlib>
+#include <stdexcept>
+
+using testing::_;
+using testing::Return;
+
+namespace {
+
+/// Calls every function, method and attribute of the module with all tuples of up to three values
+/// from a pool, and prints how many calls there were.
+constexpr char callEverything[] = R"py(
+import itertools, sys
+
+class Loud:
+    def __index__(self): raise RuntimeError('index')
+    def __bool__(self): raise RuntimeError('bool')
+    def __str__(self): raise RuntimeError('str')
+    def __getattr__(self, name): raise RuntimeError('getattr')
+
+class Subtle(str):
+    pass
+
+def pool():
+    filled = vistrel.Image()
+    try: filled.alloc(7, 5, 3, 8)
+    except Exception: pass
+    return [None, True, -1, 0, 3, 2**31 - 1, -2**31, 2**63, 1.5, float('nan'), float('inf'), '',
+            'x.png', 'a\0b', '\udc80', Subtle('y'), b'bytes', [], (1, 2), {}, Loud(), vistrel,
+            vistrel.Image(), vistrel.Camera(), filled, vistrel.Image.__new__(vistrel.Image),
+            vistrel.Camera.__new__(vistrel.Camera)]
+
+def targets():
+    for name, item in list(vars(vistrel).items()):
+        if callable(item) and not name.startswith('__'):
+            yield item
+    for make in (vistrel.Image, vistrel.Camera):
+        for name in list(vars(make)):
+            if name not in ('__doc__', '__module__'):
+                yield getattr(make(), name, None)
+                yield getattr(make, name, None)
+
+calls = 0
+for target in targets():
+    for count, values in ((0, [()]), (1, itertools.product(pool())),
+                          (2, itertools.product(pool(), repeat=2))):
+        for arguments in values:
+            calls += 1
+            try:
+                str(target(*arguments))
+            except Exception:
+                pass
+for thing in pool():
+    for name in dir(thing):
+        try: repr(getattr(thing, name))
+        except Exception: pass
+print(calls, end='')
+)py";
+
+class Hostile : public PluginTest {
+protected:
+    /// Runs the script; true when it came to its end.
+    void expectManyCalls()
+    {
+        EXPECT_EQ(run(callEverything), QString());
+        EXPECT_GT(output.toInt(), 10'000);
+        EXPECT_EQ(value("'alive'"), QStringLiteral("alive"));
+    }
+};
+
+TEST_F(Hostile, EveryFunctionWithEveryOddArgumentOnAHostThatReturnsNothing) { expectManyCalls(); }
+
+TEST_F(Hostile, TheSameOnAHostThatSaysYesToEverything)
+{
+    auto image = makeImage(9, 8, 3, ExImageDataType::UInt16, 12);
+    testing::NiceMock<MockMdiView> view;
+    addCamera(QStringLiteral("A"), QStringLiteral("1"));
+    ON_CALL(delegate, viewImage(_)).WillByDefault(Return(image.get()));
+    ON_CALL(delegate, view(_)).WillByDefault(Return(&view));
+    ON_CALL(delegate, openFile(_, _)).WillByDefault(Return(true));
+    ON_CALL(delegate, duplicateView(_)).WillByDefault(Return(true));
+    ON_CALL(delegate, setCameraAcquisition(_, _)).WillByDefault(Return(true));
+    ON_CALL(delegate, setViewImage(_, _)).WillByDefault([](int, CxImageData* shown) {
+        delete shown;
+    });
+    ON_CALL(delegate, newViewWithImage(_, _)).WillByDefault([](CxImageData* shown, auto&) {
+        delete shown;
+        return true;
+    });
+    expectManyCalls();
+}
+
+TEST_F(Hostile, TheSameOnAHostThatThrows)
+{
+    run("pass");
+    const auto fail = [](auto&&...) -> int { throw std::runtime_error("broken host"); };
+    ON_CALL(delegate, activeViewId()).WillByDefault(fail);
+    ON_CALL(delegate, viewImage(_)).WillByDefault([](int) -> CxImageData* {
+        throw std::runtime_error("broken host");
+    });
+    ON_CALL(environment, resolvePath(_)).WillByDefault([](const QString&) -> QString {
+        throw std::bad_alloc();
+    });
+    ON_CALL(cameraManager, openedCameras()).WillByDefault([]() -> QList<void*> { throw 1; });
+    expectManyCalls();
+}
+
+TEST_F(Hostile, TheSameOnAHostThatIsGone)
+{
+    run("pass");
+    vistrel::installAppDelegate(nullptr);
+    vistrel::installCameraManager(nullptr);
+    vistrel::installImageFormatManager(nullptr);
+    expectManyCalls();
+}
+
+int allocationsLeft = 0;
+
+void* allocateUntilNoneIsLeft(std::size_t bytes, std::size_t)
+{
+    return allocationsLeft-- > 0 ? std::calloc(1, bytes) : nullptr;
+}
+
+TEST_F(Hostile, EachAllocationOfAPictureFailsInTurn)
+{
+    const char* const script = "def attempt(call):\n"
+                               "    try: return str(call())\n"
+                               "    except Exception as error: return type(error).__name__\n"
+                               "i = vistrel.Image()\n"
+                               "attempt(lambda: i.alloc(4, 3, 3, 8))\n"
+                               "attempt(i.new_copy)\n"
+                               "attempt(i.get_image_data_numpy)\n"
+                               "attempt(lambda: vistrel.set_view_image(i))\n"
+                               "attempt(lambda: vistrel.new_view_with_image(i))\n"
+                               "attempt(lambda: i.alloc(5, 3, 3, 8))\n";
+    ON_CALL(delegate, setViewImage(_, _)).WillByDefault([](int, CxImageData* shown) {
+        delete shown;
+    });
+    vistrel::setPicBufAllocator(allocateUntilNoneIsLeft);
+    for (int failing = 0; failing < 8; ++failing) {
+        allocationsLeft = failing;
+        EXPECT_EQ(run(script), QString()) << failing;
+    }
+    vistrel::setPicBufAllocator(nullptr);
+}
+
+TEST_F(Hostile, ObjectsThatLiveOnAfterTheRunAndTheInterpreterDoNoHarm)
+{
+    run("import emb\nemb.kept = vistrel.Image()\nemb.kept.alloc(10, 10, 1, 8)\n"
+        "class AtEnd:\n"
+        "    def __init__(self, image): self.image = image\n"
+        "    def __del__(self): self.image.alloc(1, 1, 1, 8); print(self.image)\n"
+        "emb.last = AtEnd(emb.kept)\n");
+    destroyPlugin();
+    plugin = qobject_cast<CxScriptLangInterface*>(loader.instance());
+    plugin->init();
+    EXPECT_EQ(value("vistrel.Image()"), QStringLiteral("Vistrel image object is empty"));
+}
+
+TEST_F(Hostile, TheInterpreterStartsTenTimesInOneProcess)
+{
+    for (int start = 0; start < 10; ++start) {
+        EXPECT_EQ(value("[i := vistrel.Image(), i.alloc(3, 2, 1, 8), i.width][2]"),
+                  QStringLiteral("3"));
+        destroyPlugin();
+        plugin = qobject_cast<CxScriptLangInterface*>(loader.instance());
+        plugin->init();
+    }
+}
+
+TEST_F(Hostile, ThreadsThatAScriptLeavesBehindDoNoHarm)
+{
+    EXPECT_EQ(run("import threading, time\n"
+                  "def work(time=time, vistrel=vistrel):\n"
+                  "    while True:\n"
+                  "        time.sleep(0.001)\n"
+                  "        str(vistrel.Image())\n"
+                  "for _ in range(4): threading.Thread(target=work, daemon=True).start()\n"),
+              QString());
+    EXPECT_EQ(value("__import__('time').sleep(0.05)"), QStringLiteral("None"));
+}
+
+TEST_F(Hostile, AScriptThatRecursesWithoutEndGetsPythonsError)
+{
+    EXPECT_TRUE(error("def f(): return f()\nf()").startsWith(QLatin1String("RecursionError: ")));
+}
+
+TEST_F(Hostile, AScriptThatBreaksItsOwnNamespaceLeavesTheNextOneSound)
+{
+    run("globals().clear()");
+    EXPECT_EQ(run("import sys\nsys.stdout.write('back')"), QString());
+    run("import sys\nsys.modules.clear()");
+    run("pass");
+}
+
+} // namespace
