@@ -3,7 +3,10 @@
 # Makers of tests.
 
 # What every test sees: no screen, and a Python that is not led astray by the developer's shell.
-set(VISTREL_TEST_ENVIRONMENT "QT_QPA_PLATFORM=offscreen" "PYTHONDONTWRITEBYTECODE=1")
+set(VISTREL_TEST_ENVIRONMENT
+    "QT_QPA_PLATFORM=offscreen" "PYTHONDONTWRITEBYTECODE=1"
+    "LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/sanitizers/lsan.supp:print_suppressions=0"
+    "UBSAN_OPTIONS=print_stacktrace=1")
 
 # vistrel_gtest(NAME SOURCES... LIBRARIES...): a GoogleTest program, each case a ctest of its own.
 function(vistrel_gtest name)
@@ -14,7 +17,14 @@ function(vistrel_gtest name)
     target_link_libraries(${name} PRIVATE ${arg_LIBRARIES} GTest::gmock)
     gtest_discover_tests(
         ${name} TEST_PREFIX "${name}." DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60
-        PROPERTIES TIMEOUT 120 ENVIRONMENT "${VISTREL_TEST_ENVIRONMENT}")
+        PROPERTIES TIMEOUT 120)
+    # gtest_discover_tests keeps only the first entry of a list; the names that it found are known
+    # when ctest starts.
+    set(environment_file "${CMAKE_CURRENT_BINARY_DIR}/${name}_environment.cmake")
+    file(WRITE "${environment_file}"
+         "set_tests_properties(\${${name}_TESTS} PROPERTIES ENVIRONMENT "
+         "\"${VISTREL_TEST_ENVIRONMENT}\")\n")
+    set_property(DIRECTORY APPEND PROPERTY TEST_INCLUDE_FILES "${environment_file}")
 endfunction()
 
 # vistrel_script_test(NAME SCRIPT [ARGS...] [ENVIRONMENT...]): a script of the calling folder, run by
