@@ -26,9 +26,10 @@ public:
     void close();
     quint64 overwritten() const;
 
-private:
-    void announce();
+    /// Until this the stream is told of no further frame.
+    void allowNextAnnouncement();
 
+private:
     mutable std::mutex m_mutex;
     LiveStream* m_stream;
     std::unique_ptr<CxImageData> m_newest;
@@ -45,8 +46,7 @@ void LiveStream::Slot::put(std::unique_ptr<CxImageData> frame)
         ++m_overwritten;
     m_newest.swap(frame); // the old one goes after the lock
     if (!std::exchange(m_announced, true))
-        QMetaObject::invokeMethod(
-            m_stream, [this] { announce(); }, Qt::QueuedConnection);
+        Q_EMIT m_stream->frameArrived();
 }
 
 std::unique_ptr<CxImageData> LiveStream::Slot::take()
@@ -67,15 +67,10 @@ quint64 LiveStream::Slot::overwritten() const
     return m_overwritten;
 }
 
-void LiveStream::Slot::announce()
+void LiveStream::Slot::allowNextAnnouncement()
 {
-    LiveStream* stream = nullptr;
-    {
-        const std::scoped_lock lock(m_mutex);
-        m_announced = false;
-        stream = m_stream;
-    }
-    Q_EMIT stream->frameReady();
+    const std::scoped_lock lock(m_mutex);
+    m_announced = false;
 }
 
 LiveStream::LiveStream(CameraManager& cameras, void* cameraHandle)
@@ -83,6 +78,7 @@ LiveStream::LiveStream(CameraManager& cameras, void* cameraHandle)
     , m_camera(cameraHandle)
     , m_slot(std::make_shared<Slot>(*this))
 {
+    connect(this, &LiveStream::frameArrived, this, &LiveStream::announce, Qt::QueuedConnection);
     connect(&cameras, &CameraManager::cameraClosing, this, &LiveStream::detach);
 }
 
@@ -114,6 +110,12 @@ bool LiveStream::isStreaming() const { return m_camera && m_cameras.isStreaming(
 std::unique_ptr<CxImageData> LiveStream::takeNewest() { return m_slot->take(); }
 
 quint64 LiveStream::overwrittenFrames() const { return m_slot->overwritten(); }
+
+void LiveStream::announce()
+{
+    m_slot->allowNextAnnouncement();
+    Q_EMIT frameReady();
+}
 
 void LiveStream::detach(void* closingCamera)
 {

@@ -44,10 +44,13 @@ Q_SIGNALS:
     void frameReady();
     /// The camera does not stream any more.
     void stopped();
+    /// Emitted on the stream's thread; frameReady() follows on the GUI thread.
+    void frameArrived();
 
 private:
     class Slot;
 
+    void announce();
     void detach(void* closingCamera);
 
     CameraManager& m_cameras;

@@ -86,15 +86,21 @@ void setUpProcess()
 void setUpNumbers() { std::setlocale(LC_NUMERIC, "C"); }
 
 KeptLog::KeptLog()
+    : m_standardError(fcntl(STDERR_FILENO, F_DUPFD_CLOEXEC, 0))
 {
     const QMutexLocker lock(&keptLinesMutex);
     keptLines.emplace();
+    const int nowhere = open("/dev/null", O_WRONLY | O_CLOEXEC);
+    dup2(nowhere, STDERR_FILENO);
+    close(nowhere);
 }
 
 KeptLog::~KeptLog()
 {
     const QMutexLocker lock(&keptLinesMutex);
     keptLines.reset();
+    dup2(m_standardError, STDERR_FILENO);
+    close(m_standardError);
 }
 
 QStringList KeptLog::lines() const

@@ -15,7 +15,9 @@ void setUpProcess();
 /// After QApplication, which sets the locale: numbers keep their point.
 void setUpNumbers();
 
-/// Keeps log lines back while it lives, for a message that names the reason itself. One at a time.
+/// Keeps log lines back while it lives, for a message that names the reason itself. What libraries
+/// write straight to standard error meanwhile is dropped: image codecs complain there in words of
+/// their own. One at a time.
 class KeptLog {
 public:
     KeptLog();
@@ -24,6 +26,9 @@ public:
 
     /// The lines so far; any thread may have written them.
     QStringList lines() const;
+
+private:
+    const int m_standardError; // where standard error went before
 };
 
 } // namespace vistrel

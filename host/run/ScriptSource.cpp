@@ -62,7 +62,7 @@ QString readScript(const QString& file)
         refuse(name, tr("it holds NUL bytes"));
 
     QStringDecoder decode(QStringDecoder::Utf8); // leaves a byte order mark out
-    const QString text = decode(bytes);
+    QString text = decode(bytes);
     if (decode.hasError())
         refuse(name, tr("it is not UTF-8"));
     return text;

@@ -47,9 +47,9 @@ std::vector<QString> readScripts(const QStringList& files)
 {
     if (!QFileInfo(file).isFile())
         throw UsageError(tr("there is no picture %1").arg(file));
-    const QString reason = log.lines().join(QLatin1String("; "));
-    throw UsageError(tr("cannot read picture %1: %2")
-                         .arg(file, reason.isEmpty() ? tr("no format for it") : reason));
+    const QString reason = log.lines().join(QLatin1String("; ")); // names the file
+    throw UsageError(reason.isEmpty() ? tr("no picture format goes by the name %1").arg(file)
+                                      : reason);
 }
 
 /// What events and closed views have left behind.

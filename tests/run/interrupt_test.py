@@ -20,10 +20,12 @@ class Interrupts(ProgramTest):
         self.addCleanup(process.kill)
         return process
 
-    def interrupt(self, *arguments):
-        """Interrupts the program when its script says that it is ready."""
+    def interrupt(self, *arguments, asleep=False):
+        """Interrupts the program when its script says that it is ready, or waits."""
         process = self.start(*arguments)
         self.assertEqual(process.stdout.readline(), "ready\n")
+        if asleep:
+            self.wait_until_asleep(process.pid)
         process.send_signal(signal.SIGINT)
         output, errors = process.communicate(timeout=LIMIT)
         return process.returncode, output, errors
@@ -78,13 +80,13 @@ class Interrupts(ProgramTest):
     def test_can_be_caught_and_the_script_goes_on(self):
         status, output, errors = self.interrupt(self.script(
             HEAD + "try:\n    vistrel.wait(3600)\nexcept KeyboardInterrupt:\n"
-            "    vistrel.wait(0.01)\n    print('caught')\n"))
+            "    vistrel.wait(0.01)\n    print('caught')\n"), asleep=True)
         self.assertEqual((status, output, errors), (0, "caught\n", ""))
 
     def test_reaches_a_handler_of_the_script(self):
         status, output, errors = self.interrupt(self.script(
             "import signal\nsignal.signal(signal.SIGINT, lambda *_: print('handled'))\n" + HEAD
-            + "vistrel.wait(3600)\nprint('later')\n"))
+            + "vistrel.wait(3600)\nprint('later')\n"), asleep=True)
         self.assertEqual((status, output, errors), (0, "handled\nlater\n", ""))
 
     def test_ends_the_second_script_as_well_as_the_first(self):

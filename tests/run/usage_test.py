@@ -112,8 +112,9 @@ class BadPictures(ProgramTest):
     def test_a_file_of_another_kind(self):
         self.assert_unreadable(self.script("text", "picture.txt"))
 
-    def test_a_broken_file(self):
+    def test_broken_files(self):
         self.assert_unreadable(self.script(b"\x89PNG\r\n\x1a\nbroken", "broken.png"))
+        self.assert_unreadable(self.script(b"BM" + bytes(range(60)), "broken.bmp"))
 
 
 class BadCameras(ProgramTest):
