@@ -1,0 +1,105 @@
+# SPDX-FileCopyrightText: 2026 The Vistrel Python scripting authors
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""The rows of the table with their aims, and how it is written."""
+
+import math
+from dataclasses import dataclass
+from typing import Callable, Optional
+
+
+@dataclass(frozen=True)
+class Unit:
+    name: str
+    size: float
+
+    def text(self, figure: float) -> str:
+        return f"{figure / self.size:.3g} {self.name}"
+
+
+NANOSECONDS = Unit("ns", 1e-9)
+MICROSECONDS = Unit("us", 1e-6)
+MILLISECONDS = Unit("ms", 1e-3)
+BYTES = Unit("B", 1)
+MEBIBYTES = Unit("MiB", 2**20)
+
+
+@dataclass(frozen=True)
+class Row:
+    """`times`, `more` and `amount` are upper limits of ours: as a multiple of theirs, as a
+    difference from theirs, and for itself. A row has one of them."""
+
+    key: str
+    ours: str
+    theirs: str
+    unit: Unit
+    times: Optional[float] = None
+    more: Optional[float] = None
+    amount: Optional[float] = None
+
+    def aim(self) -> str:
+        if self.times is not None:
+            return f"{self.times:g} x"
+        if self.more is not None:
+            return f"+{self.unit.text(self.more)}"
+        assert self.amount is not None
+        return self.unit.text(self.amount)
+
+    def limit(self, theirs: float) -> float:
+        if self.times is not None:
+            return self.times * theirs
+        if self.more is not None:
+            return self.more + theirs
+        assert self.amount is not None
+        return self.amount
+
+
+ROWS = [
+    Row("empty_run", "run of an empty script", "compile and evaluate it in C", MICROSECONDS,
+        more=20e-6),
+    Row("print", "print 100,000 lines to the host", "the same into io.StringIO", MILLISECONDS,
+        times=3),
+    Row("first_run", "first run, starts Python", "process `python3 -c pass`", MILLISECONDS,
+        times=1.3),
+    Row("attribute", "`image.width`", "`int.numerator`", NANOSECONDS, times=1.5),
+    Row("getter", "`image.get_width()`", "the same of a Python class", NANOSECONDS, times=1.2),
+    Row("bytes", "`bytes(image)`, 1920 x 1080", "`bytes(memoryview(array))`", MICROSECONDS,
+        times=1.1),
+    Row("process", "process `vistrel-run empty.py`", "process `python3 -c pass`", MILLISECONDS,
+        times=8),
+    Row("process_memory", "its peak of resident memory", "", MEBIBYTES, amount=80 * 2**20),
+    Row("growth_plain", "memory kept by a run", "", BYTES, amount=1),
+    Row("growth_image", "the same when it makes an image", "record of an image", BYTES, more=1),
+]
+
+HEADINGS = ["ours", "", "instead of it", "", "ratio", "aim at most", "met"]
+
+
+def checked(figures: dict[str, float], row: Row, side: str) -> float:
+    figure = figures.get(side, math.nan)
+    if not math.isfinite(figure):
+        raise SystemExit(f"{row.key}: no finite figure for {side}")
+    return figure
+
+
+def cells(row: Row, figures: dict[str, float]) -> list[str]:
+    ours = checked(figures, row, "ours")
+    theirs = checked(figures, row, "theirs") if row.theirs else math.nan
+    met = "yes" if ours <= row.limit(theirs) else "NO"
+    compared = [row.unit.text(theirs), f"{ours / theirs:.2f}"] if row.theirs else ["", ""]
+    return [row.ours, row.unit.text(ours), row.theirs, *compared, row.aim(), met]
+
+
+def lines(figures: dict[str, dict[str, float]], markdown: bool) -> list[str]:
+    """The table of figures that are given by row and side, in seconds or bytes."""
+    table = [HEADINGS, *(cells(row, figures.get(row.key, {})) for row in ROWS)]
+    if not markdown:
+        table = [[cell.replace("`", "") for cell in line] for line in table]
+    widths = [max(len(cell) for cell in column) for column in zip(*table)]
+    numbers = {1, 3, 4, 5}
+    padded = [[cell.rjust(width) if i in numbers else cell.ljust(width)
+               for i, (cell, width) in enumerate(zip(line, widths))] for line in table]
+    join: Callable[[list[str]], str] = (
+        (lambda line: "| " + " | ".join(line) + " |") if markdown else "  ".join)
+    rule = ["-" * (width - 1) + (":" if markdown and i in numbers else "-")
+            for i, width in enumerate(widths)]
+    return [join(line) for line in [padded[0], rule, *padded[1:]]]
