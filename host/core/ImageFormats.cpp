@@ -53,11 +53,29 @@ bool readFile(const QString& path, QByteArray& bytes, QString& error)
     return true;
 }
 
+/// A full disk may take a part: only the next attempt says why it takes no more.
+bool writeAll(QFileDevice& file, const QByteArray& bytes)
+{
+    for (qsizetype done = 0; done < bytes.size();) {
+        const qint64 written = file.write(bytes.constData() + done, bytes.size() - done);
+        if (written <= 0)
+            return false;
+        done += written;
+    }
+    return file.flush();
+}
+
 /// Writes beside the target and renames over it, so that a full disk leaves the old file whole.
+/// Devices and pipes would be replaced by a file as well, which nobody means.
 bool replaceFile(const QString& path, const QByteArray& bytes, QString& error)
 {
+    const QFileInfo existing(path);
+    if (existing.exists() && !existing.isFile()) {
+        error = QStringLiteral("there is something of that name that is no file");
+        return false;
+    }
     QSaveFile file(path);
-    if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit())
+    if (file.open(QIODevice::WriteOnly) && writeAll(file, bytes) && file.commit())
         return true;
     error = file.errorString();
     return false;
