@@ -8,16 +8,17 @@ set(VISTREL_TEST_ENVIRONMENT
     "LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/sanitizers/lsan.supp:print_suppressions=0"
     "UBSAN_OPTIONS=print_stacktrace=1")
 
-# vistrel_gtest(NAME SOURCES... LIBRARIES...): a GoogleTest program, each case a ctest of its own.
+# vistrel_gtest(NAME SOURCES... LIBRARIES... [LOCK RESOURCE]): a GoogleTest program, each case a ctest
+# of its own. Cases and other tests with the same LOCK do not run at the same time.
 function(vistrel_gtest name)
-    cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LIBRARIES")
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "LOCK" "SOURCES;LIBRARIES")
     add_executable(${name} ${arg_SOURCES})
     vistrel_warnings(${name})
     set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/test-bin")
     target_link_libraries(${name} PRIVATE ${arg_LIBRARIES} GTest::gmock)
     gtest_discover_tests(
         ${name} TEST_PREFIX "${name}." DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60
-        PROPERTIES TIMEOUT 120)
+        PROPERTIES TIMEOUT 120 RESOURCE_LOCK "${arg_LOCK}")
     # gtest_discover_tests keeps only the first entry of a list; the names that it found are known
     # when ctest starts.
     set(environment_file "${CMAKE_CURRENT_BINARY_DIR}/${name}_environment.cmake")

@@ -9,9 +9,12 @@ using python::PyRef;
 
 namespace {
 
+/// Outlives the interpreter, as in the plugin.
+AttributeIndex* g_kept = nullptr;
+
 class AttributeIndexes : public PythonTest {
 protected:
-    AttributeIndex& index = *new AttributeIndex; // outlives the interpreter, as in the plugin
+    AttributeIndex& index = *(g_kept = new AttributeIndex);
 
     int find(const char* name) { return index.find(PyRef::take(PyUnicode_FromString(name)).get()); }
     int findInterned(const char* name)

@@ -144,6 +144,19 @@ TEST_F(ImageFileError, CutOffFilesOfEveryFormatAreRefused)
     }
 }
 
+TEST_F(ImageFileError, TheEndOfAnEmbeddedPreviewIsNotTheEndOfTheJpeg)
+{
+    ASSERT_TRUE(save("a.jpg", *newImage({.width = 120, .height = 90})));
+    QByteArray whole = content("a.jpg");
+    whole.insert(2, QByteArray::fromHex("ffe10008ffda0000ffd9"));
+    write("a.jpg", whole + "text behind the end");
+    EXPECT_NE(load("a.jpg"), nullptr);
+    LogLines::lines().clear();
+    write("a.jpg", whole.chopped(2));
+    EXPECT_EQ(load("a.jpg"), nullptr);
+    expectOneLine("a.jpg", "cut off");
+}
+
 TEST_F(ImageFileError, WithoutMemoryForItsPixelsAFileIsRefused)
 {
     ASSERT_TRUE(save("a.png", *newImage({.width = 10, .height = 10})));
