@@ -3,7 +3,9 @@
 // The plugin object: metadata, interface casts, its one instance, start and end of the interpreter.
 #include "PluginTest.h"
 
+#include <QtCore/QFile>
 #include <QtCore/QJsonObject>
+#include <QtCore/QTemporaryDir>
 
 #include <dlfcn.h>
 
@@ -133,6 +135,24 @@ TEST_F(PluginObject, ARunInAnInterpreterThatIsAlreadyThereDoesNotEndTheProcess)
     pythonFunction<void()>("Py_Initialize")();
     EXPECT_EQ(run("import sys\nsys.kept = 5"), QString());
     EXPECT_EQ(pythonFunction<int()>("Py_IsInitialized")(), 1);
+}
+
+TEST_F(PluginObject, ASecondPluginInOneProcessEndsNeitherItNorTheFirst)
+{
+    const QTemporaryDir folder;
+    const QString copy = folder.filePath(QStringLiteral("libsecond.so"));
+    ASSERT_TRUE(QFile::copy(QStringLiteral(VISTREL_PLUGIN_FILE), copy));
+    EXPECT_EQ(value("1"), QStringLiteral("1"));
+    QPluginLoader secondLoader(copy);
+    auto* second = qobject_cast<CxScriptLangInterface*>(secondLoader.instance());
+    ASSERT_NE(second, nullptr) << qPrintable(secondLoader.errorString());
+    EXPECT_NE(second, plugin);
+    EXPECT_TRUE(second->init());
+    EXPECT_EQ(second->languageVersion(), plugin->languageVersion());
+    second->runScript(QStringLiteral("import sys\nsys.by_second = 2"), &environment, QString(),
+                      nullptr, nullptr, nullptr);
+    EXPECT_EQ(value("__import__('sys').by_second"), QStringLiteral("2"))
+        << "both use the one interpreter";
 }
 
 TEST_F(PluginObject, ASecondInitAfterARunDoesNotEndTheProcess)

@@ -16,7 +16,7 @@ namespace {
 PyObject* unsignedOrNull(PyObject* self, quint32 SxPicBuf::*field)
 {
     const SxPicBuf* buffer = fx_pyimg_buffer(self);
-    return buffer != nullptr ? PyLong_FromUnsignedLong(buffer->*field) : nullptr;
+    return buffer != nullptr ? PyLong_FromLongLong(buffer->*field) : nullptr;
 }
 
 } // namespace
