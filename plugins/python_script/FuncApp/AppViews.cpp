@@ -22,6 +22,10 @@ namespace {
 
 constexpr int activeView = -1;
 
+/// Whether no Ctrl-C is pending; when one is, its error is set. Looked at right before a wait: the
+/// interpreter would look only after it, and the host cannot see an interrupt that came before.
+bool isUninterrupted() { return PyErr_CheckSignals() == 0; }
+
 /// None, or the refusal's error.
 PyObject* noneOrError(Outcome<bool> outcome)
 {
@@ -122,6 +126,8 @@ PyObject* fx_pyapp_WaitForNextFrame(PyObject*, PyObject* args)
     int viewId = activeView;
     if (!PyArg_ParseTuple(args, "|di", &timeout, &viewId))
         return nullptr;
+    if (!isUninterrupted())
+        return nullptr;
     Outcome<bool> frameCame = view_actions::waitForNextFrame(timeout, viewId);
     return frameCame ? python::newBool(frameCame.value()) : raise(frameCame.refusal());
 }
@@ -132,6 +138,8 @@ PyObject* fx_pyapp_Wait(PyObject*, PyObject* args)
         return nullptr;
     double seconds = 0.0;
     if (!PyArg_ParseTuple(args, "d", &seconds))
+        return nullptr;
+    if (!isUninterrupted())
         return nullptr;
     host_services::environment().wait(seconds);
     return newNone();
