@@ -31,28 +31,28 @@ constexpr Depths allDepths =
 constexpr Depths tiffColour = bytesAndWords | oneOf(CV_32F);
 
 struct FormatRules {
-    ImageFileFormat format;
     const char* name;
     const char* ending;
+    ImageFileFormat format;
     Depths mono;
     Depths colour;
     Depths colourAlpha;
+    int largestSide;
     bool scalesToBytes; ///< more significant bits than 8 are scaled down
     bool lossless;
-    int largestSide;
 };
 
 constexpr FormatRules formatRules[] = {
-    {ImageFileFormat::Png, "PNG", ".png", bytesAndWords, bytesAndWords, bytesAndWords, false, true,
-     INT_MAX},
-    {ImageFileFormat::Tiff, "TIFF", ".tiff", allDepths, tiffColour, tiffColour, false, true,
-     INT_MAX},
-    {ImageFileFormat::Bmp, "BMP", ".bmp", bytesOnly, bytesOnly, 0, true, true, INT_MAX},
-    {ImageFileFormat::Pgm, "PGM", ".pgm", bytesAndWords, 0, 0, false, true, INT_MAX},
-    {ImageFileFormat::Ppm, "PPM", ".ppm", 0, bytesAndWords, 0, false, true, INT_MAX},
-    {ImageFileFormat::Pnm, "PNM", ".pnm", bytesAndWords, bytesAndWords, 0, false, true, INT_MAX},
-    {ImageFileFormat::Jpeg, "JPEG", ".jpg", bytesOnly, bytesOnly, 0, true, false, 65500},
-    {ImageFileFormat::Pbm, "PBM", ".pbm", bytesAndWords, 0, 0, false, false, INT_MAX},
+    {"PNG", ".png", ImageFileFormat::Png, bytesAndWords, bytesAndWords, bytesAndWords, INT_MAX,
+     false, true},
+    {"TIFF", ".tiff", ImageFileFormat::Tiff, allDepths, tiffColour, tiffColour, INT_MAX, false,
+     true},
+    {"BMP", ".bmp", ImageFileFormat::Bmp, bytesOnly, bytesOnly, 0, INT_MAX, true, true},
+    {"PGM", ".pgm", ImageFileFormat::Pgm, bytesAndWords, 0, 0, INT_MAX, false, true},
+    {"PPM", ".ppm", ImageFileFormat::Ppm, 0, bytesAndWords, 0, INT_MAX, false, true},
+    {"PNM", ".pnm", ImageFileFormat::Pnm, bytesAndWords, bytesAndWords, 0, INT_MAX, false, true},
+    {"JPEG", ".jpg", ImageFileFormat::Jpeg, bytesOnly, bytesOnly, 0, 65500, true, false},
+    {"PBM", ".pbm", ImageFileFormat::Pbm, bytesAndWords, 0, 0, INT_MAX, false, false},
 };
 
 constexpr int jpegQuality = 95;
@@ -180,7 +180,9 @@ bool convertExactly(const cv::Mat& values, int depth, cv::Mat& converted)
     values.convertTo(converted, depth);
     values.reshape(1).convertTo(before, CV_64F);
     converted.reshape(1).convertTo(after, CV_64F);
-    return cv::countNonZero((before != after) & (before == before)) == 0;
+    cv::Mat isNumber;
+    cv::compare(before, before, isNumber, cv::CMP_EQ);
+    return cv::countNonZero((before != after) & isNumber) == 0;
 }
 
 bool convertToAnyOf(Depths held, PictureValues& values)

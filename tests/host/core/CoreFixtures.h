@@ -15,6 +15,7 @@
 #include <cstring>
 #include <initializer_list>
 #include <memory>
+#include <mutex>
 #include <vector>
 
 namespace vistrel::test {
@@ -101,7 +102,7 @@ private:
     PicBufAllocator m_previous;
 };
 
-/// Collects what is logged for as long as it lives.
+/// Collects what is logged for as long as it lives. Read it when the threads that log have ended.
 class LogLines {
 public:
     LogLines()
@@ -123,6 +124,8 @@ public:
 private:
     static void collect(QtMsgType, const QMessageLogContext&, const QString& line)
     {
+        static std::mutex oneAtATime; // several threads may log
+        const std::lock_guard lock(oneAtATime);
         lines() << line;
     }
     QtMessageHandler m_previous;

@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <atomic>
 #include <cmath>
 #include <limits>
@@ -299,10 +300,10 @@ TEST_F(ImageFile, ALoaderReadsAgainOnAnotherThread)
 TEST_F(ImageFile, SeveralThreadsMayOpenTheFirstFile)
 {
     QFile(path("a.pgm")).open(QIODevice::WriteOnly); // no content: fails after loading the codecs
-    std::vector<std::thread> threads;
     std::atomic<int> refused = 0;
-    for (int i = 0; i < 4; ++i)
-        threads.emplace_back([&] { refused += load("a.pgm") == nullptr ? 1 : 0; });
+    std::array<std::thread, 4> threads;
+    for (std::thread& thread : threads)
+        thread = std::thread([&] { refused += load("a.pgm") == nullptr ? 1 : 0; });
     for (std::thread& thread : threads)
         thread.join();
     EXPECT_EQ(refused, 4);

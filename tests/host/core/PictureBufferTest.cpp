@@ -136,7 +136,7 @@ TEST(PictureBuffer, TheFirstLineIsAlignedAsAskedFor)
         CxPicBufAPI::AllocPicBufFromHeap(buffer, info, true, alignment);
         ASSERT_NE(buffer.data, nullptr);
         EXPECT_EQ(reinterpret_cast<std::uintptr_t>(buffer.data) % alignment, 0U);
-        EXPECT_EQ(valuesIn<quint8>(buffer), std::vector<quint8>(33 * 33, 0));
+        EXPECT_EQ(valuesIn<quint8>(buffer), std::vector<quint8>(std::size_t{33} * 33, 0));
         CxPicBufAPI::FreePicBuf(buffer, true);
     }
     SxPicBuf refused;
