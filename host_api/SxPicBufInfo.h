@@ -22,7 +22,8 @@ struct SxPicBufInfo {
     /// Colour channels lie in the order red, green, blue (, alpha); false: blue, green, red.
     bool isRgb = false;
 
-    /// Bytes of one pixel: channels times the element's size.
+    /// Bytes of one pixel: channels times the element's size; 2 for packed 5-6-5, whatever
+    /// `channels` says.
     quint32 bytesPerPixel() const;
 };
 
