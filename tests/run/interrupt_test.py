@@ -30,27 +30,29 @@ class Interrupts(ProgramTest):
         output, errors = process.communicate(timeout=LIMIT)
         return process.returncode, output, errors
 
-    def assert_interrupted(self, text, *arguments):
+    def assert_interrupted(self, text, *arguments, asleep=False):
         after = self.script("import vistrel\nvistrel.wait(0.01)\nprint('after')", "after.py")
-        status, output, errors = self.interrupt(*arguments, self.script(HEAD + text), after)
+        status, output, errors = self.interrupt(*arguments, self.script(HEAD + text), after,
+                                                asleep=asleep)
         self.assertEqual((status, output), (1, "after\n"))
         self.assertTrue(errors.endswith("KeyboardInterrupt\n"), errors)
         self.assertEqual(errors.count("KeyboardInterrupt"), 1)
 
     def test_ends_a_sleep(self):
-        self.assert_interrupted("time.sleep(3600)")
+        self.assert_interrupted("time.sleep(3600)", asleep=True)
 
     def test_ends_a_busy_loop(self):
         self.assert_interrupted("while True: pass")
 
     def test_ends_a_wait(self):
-        self.assert_interrupted("vistrel.wait(3600)")
+        self.assert_interrupted("vistrel.wait(3600)", asleep=True)
 
     def test_ends_a_wait_without_end(self):
-        self.assert_interrupted("vistrel.wait(float('inf'))")
+        self.assert_interrupted("vistrel.wait(float('inf'))", asleep=True)
 
     def test_ends_a_wait_for_a_frame(self):
-        self.assert_interrupted("vistrel.wait_for_next_frame(3600.0)", "--open", self.picture())
+        self.assert_interrupted("vistrel.wait_for_next_frame(3600.0)", "--open", self.picture(),
+                                asleep=True)
 
     def test_ends_a_wait_for_frames_of_a_camera(self):
         self.assert_interrupted(
@@ -95,6 +97,7 @@ class Interrupts(ProgramTest):
         process = self.start(first, second)
         self.assertEqual(process.stdout.readline(), "first\n")
         self.assertEqual(process.stdout.readline(), "ready\n")
+        self.wait_until_asleep(process.pid)
         process.send_signal(signal.SIGINT)
         _, errors = process.communicate(timeout=LIMIT)
         self.assertEqual(process.returncode, 1)
@@ -105,6 +108,7 @@ class Interrupts(ProgramTest):
         process = self.start(*scripts)
         for _ in scripts:
             self.assertEqual(process.stdout.readline(), "ready\n")
+            self.wait_until_asleep(process.pid)
             process.send_signal(signal.SIGINT)
         _, errors = process.communicate(timeout=LIMIT)
         self.assertEqual(process.returncode, 1)

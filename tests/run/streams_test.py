@@ -3,12 +3,20 @@
 """Standard output and error of vistrel-run, and what happens when they break."""
 
 import os
+import stat
 import subprocess
 import unittest
 
 from program import LIMIT, PROGRAM, ProgramTest
 
 ENDLESS = "while True:\n    print('line')\n"
+
+
+def full_disk():
+    """A stream that takes nothing."""
+    stream = open("/dev/full", "w", encoding="utf-8")  # the caller closes it
+    assert stat.S_ISCHR(os.fstat(stream.fileno()).st_mode), "/dev/full is a file"
+    return stream
 
 
 class Output(ProgramTest):
@@ -57,7 +65,7 @@ class Output(ProgramTest):
         self.assertEqual(process.wait(LIMIT), 0)
 
     def test_a_full_disk_ends_the_run(self):
-        with open("/dev/full", "w", encoding="utf-8") as full:
+        with full_disk() as full:
             process = self.start(ENDLESS, stdout=full, stderr=subprocess.PIPE)
         _, errors = process.communicate(timeout=LIMIT)
         self.assert_output_failed(process.returncode, errors, "No space left on device")
@@ -70,7 +78,7 @@ class Output(ProgramTest):
         self.assert_output_failed(process.wait(LIMIT), errors, "Broken pipe")
 
     def test_a_script_cannot_swallow_the_failure(self):
-        with open("/dev/full", "w", encoding="utf-8") as full:
+        with full_disk() as full:
             process = self.start("try:\n    print('line')\nexcept BaseException:\n    pass\n",
                                  stdout=full, stderr=subprocess.PIPE)
         _, errors = process.communicate(timeout=LIMIT)
@@ -86,7 +94,7 @@ class Output(ProgramTest):
 
     def test_information_too_needs_its_stream(self):
         for option in ("--help", "--version", "--list-cameras"):
-            with self.subTest(option), open("/dev/full", "w", encoding="utf-8") as full:
+            with self.subTest(option), full_disk() as full:
                 result = subprocess.run([PROGRAM, option], stdout=full, stderr=subprocess.PIPE,
                                         encoding="utf-8", timeout=LIMIT, check=False)
                 self.assert_output_failed(result.returncode, result.stderr,
@@ -118,7 +126,7 @@ class Errors(ProgramTest):
         self.assertRegex(result.stderr, r"\A[^\n]*größe\.png[^\n]*\n\Z")
 
     def test_a_full_disk_under_them_hurts_nobody(self):
-        with open("/dev/full", "w", encoding="utf-8") as full:
+        with full_disk() as full:
             result = self.call(self.script("1/0"), self.script("print(2)", "2.py"), stderr=full)
         self.assertEqual((result.returncode, result.stdout), (1, "2\n"))
 
