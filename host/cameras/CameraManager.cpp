@@ -73,6 +73,7 @@ std::vector<CameraListing> CameraManager::discover()
     auto entries = m_aravis->searchAll();
     std::stable_partition(entries.begin(), entries.end(), std::not_fn(isSimulated));
     std::vector<CameraListing> listings;
+    listings.reserve(entries.size());
     for (const DeviceEntry& entry : entries)
         listings.push_back({publicId(entry), entry.vendor, entry.model, entry.serialNumber});
     return listings;

@@ -218,7 +218,7 @@ NodeResult readNode(ArvDevice* device, const QString& name, CxValue& value)
     ArvGcNode* node = nodeNamed(device, name);
     if (!node)
         return unknownNode();
-    if (const NodeResult reason = unavailable(node); !reason.done())
+    if (NodeResult reason = unavailable(node); !reason.done())
         return reason;
     ArvFailure failure;
     const CxValue read = readAny(node, failure.receive());
@@ -235,7 +235,7 @@ NodeResult writeNode(ArvDevice* device, const QString& name, const CxValue& valu
     ArvGcNode* node = nodeNamed(device, name);
     if (!node)
         return unknownNode();
-    if (const NodeResult reason = unavailable(node); !reason.done())
+    if (NodeResult reason = unavailable(node); !reason.done())
         return reason;
     return writeAny(node, value);
 }

@@ -182,7 +182,9 @@ bool convertExactly(const cv::Mat& values, int depth, cv::Mat& converted)
     converted.reshape(1).convertTo(after, CV_64F);
     cv::Mat isNumber;
     cv::compare(before, before, isNumber, cv::CMP_EQ);
-    return cv::countNonZero((before != after) & isNumber) == 0;
+    cv::Mat differs;
+    cv::compare(before, after, differs, cv::CMP_NE);
+    return cv::countNonZero(differs & isNumber) == 0;
 }
 
 bool convertToAnyOf(Depths held, PictureValues& values)

@@ -7,16 +7,16 @@
 #include <QtCore/QFileInfo>
 #include <QtCore/QThread>
 
-void logCritical(const char* pattern, const QString& detail, std::source_location where)
+void logCritical(const char* pattern, const QString& detail, const char* file, int line)
 {
-    logCritical(QString::fromUtf8(pattern).arg(detail), where);
+    logCritical(QString::fromUtf8(pattern).arg(detail), file, line);
 }
 
-void logCritical(const QString& message, std::source_location where)
+void logCritical(const QString& message, const char* file, int line)
 {
     const auto thread = reinterpret_cast<quintptr>(QThread::currentThreadId());
-    const QString file = QFileInfo(QString::fromUtf8(where.file_name())).fileName();
+    const QString fileName = QFileInfo(QString::fromUtf8(file)).fileName();
     qCritical().noquote() << QStringLiteral("0x%1 %2 L%3: %4")
-                                 .arg(QString::number(thread, 16), file,
-                                      QString::number(where.line()), message);
+                                 .arg(QString::number(thread, 16), fileName, QString::number(line),
+                                      message);
 }

@@ -5,13 +5,11 @@
 
 #include <QtCore/QString>
 
-#include <source_location>
-
 /// Writes one line to Qt's critical channel: the thread's id, the source file, "L" and the line,
-/// ":", and the pattern with the detail in the place of its "%1".
-void logCritical(const char* pattern, const QString& detail,
-                 std::source_location where = std::source_location::current());
+/// ":", and the pattern with the detail in the place of its "%1". File and line are the caller's.
+void logCritical(const char* pattern, const QString& detail, const char* file = __builtin_FILE(),
+                 int line = __builtin_LINE());
 
 /// The same for a message that is made up already.
-void logCritical(const QString& message,
-                 std::source_location where = std::source_location::current());
+void logCritical(const QString& message, const char* file = __builtin_FILE(),
+                 int line = __builtin_LINE());
