@@ -3,8 +3,6 @@
 // An event loop with a deadline and an eye on interrupts.
 #include "app/EventWait.h"
 
-#include "app/InterruptWatch.h"
-
 #include <QtCore/QCoreApplication>
 #include <QtCore/QSocketNotifier>
 
@@ -66,10 +64,9 @@ void EventWait::runUntilFinished()
 
 void EventWait::run()
 {
-    const InterruptWatch interrupts;
     QSocketNotifier notifier(QSocketNotifier::Read);
-    if (interrupts.descriptor() >= 0) {
-        notifier.setSocket(interrupts.descriptor());
+    if (m_interrupts.descriptor() >= 0) {
+        notifier.setSocket(m_interrupts.descriptor());
         notifier.setEnabled(true);
         connect(&notifier, &QSocketNotifier::activated, &m_loop, &QEventLoop::quit);
     }

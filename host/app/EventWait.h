@@ -3,6 +3,8 @@
 // Waiting while the host's events are handled.
 #pragma once
 
+#include "app/InterruptWatch.h"
+
 #include <QtCore/QDeadlineTimer>
 #include <QtCore/QEventLoop>
 #include <QtCore/QTimer>
@@ -29,6 +31,8 @@ private:
     void run();
     void onTimer();
 
+    // First, so that as little as possible lies between the interpreter's last look and this one.
+    const InterruptWatch m_interrupts;
     QEventLoop m_loop;
     QTimer m_timer;
     QDeadlineTimer m_deadline;

@@ -81,11 +81,11 @@ void ScriptEnvironment::runMenuItem(const QString& path, const QString& extra) c
 
 bool ScriptEnvironment::waitForNextFrame(CxMdiView* view, double timeout)
 {
+    EventWait wait;
     const QPointer<ImageView> guard(dynamic_cast<ImageView*>(view));
     if (!guard)
         return false;
     const quint64 before = guard->frameCount();
-    EventWait wait;
     for (const auto ending :
          {&ImageView::frameTaken, &ImageView::streamStopped, &ImageView::closing})
         QObject::connect(guard, ending, &wait, &EventWait::finish);
