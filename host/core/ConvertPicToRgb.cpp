@@ -3,9 +3,9 @@
 // Converts pictures of every element type and layout to 8-bit red, green, blue, alpha.
 #include <CxPicBufAPI.h>
 
-#include "core/Log.h"
+#include "core/PicBufMat.h"
+#include "core/PicBufView.h"
 
-#include <opencv2/core.hpp>
 #include <opencv2/imgproc.hpp>
 
 #include <cmath>
@@ -13,37 +13,8 @@
 
 namespace {
 
-/// OpenCV's element type; nothing for types that it does not have.
-std::optional<int> matDepthOf(ExImageDataType type)
-{
-    switch (type) {
-    case ExImageDataType::None:
-    case ExImageDataType::UInt8:
-        return CV_8U;
-    case ExImageDataType::Int8:
-        return CV_8S;
-    case ExImageDataType::UInt16:
-    case ExImageDataType::Packed565:
-        return CV_16U;
-    case ExImageDataType::Int16:
-        return CV_16S;
-    case ExImageDataType::Int32:
-        return CV_32S;
-    case ExImageDataType::Float:
-        return CV_32F;
-    case ExImageDataType::Double:
-        return CV_64F;
-    default:
-        return std::nullopt;
-    }
-}
-
-/// A matrix over the buffer's own pixels.
-cv::Mat matOver(const SxPicBuf& buffer, int depth, int channels)
-{
-    return {static_cast<int>(buffer.height), static_cast<int>(buffer.width),
-            CV_MAKETYPE(depth, channels), buffer.data, buffer.stride};
-}
+using vistrel::matDepthOf;
+using vistrel::matOver;
 
 /// Doubles made from elements that OpenCV has no type for.
 template<class Element>
@@ -82,7 +53,7 @@ cv::Mat valuesOf(const SxPicBuf& buffer)
 /// What the largest value becomes 255 with.
 double scaleTo8Bits(const SxPicBuf& buffer)
 {
-    if (buffer.dataType == ExImageDataType::Float || buffer.dataType == ExImageDataType::Double)
+    if (vistrel::isFloatingPoint(buffer))
         return 255.0 / (buffer.saturation > 0.0F ? static_cast<double>(buffer.saturation) : 1.0);
     return 255.0 / (std::ldexp(1.0, static_cast<int>(buffer.bpc)) - 1.0);
 }
@@ -146,25 +117,22 @@ void convert(const SxPicBuf& source, cv::Mat& target)
 
 bool isRgbaOf(const SxPicBuf& target, const SxPicBuf& source)
 {
-    return source.data != nullptr && target.data != nullptr && target.width == source.width
-           && target.height == source.height && target.channels == 4
-           && target.dataType == ExImageDataType::UInt8;
+    return vistrel::hasPixels(source) && vistrel::hasPixels(target) && vistrel::fitsMat(source)
+           && vistrel::fitsMat(target) && vistrel::haveSameSize(target, source)
+           && target.channels == 4 && target.dataType == ExImageDataType::UInt8;
 }
 
 } // namespace
 
 bool CxPicBufAPI::ConvertPicToRGB(const SxPicBuf& source, SxPicBuf& target)
 {
-    if (!isRgbaOf(target, source) || source.channels == 0 || source.channels > CV_CN_MAX)
+    if (!isRgbaOf(target, source) || source.channels > CV_CN_MAX)
         return false;
-    try {
+    return vistrel::guarded("Conversion to RGB", [&] {
+        const vistrel::AlignedPicture aligned(source);
         cv::Mat pixels = matOver(target, CV_8U, 4);
-        convert(source, pixels);
+        convert(aligned.buffer(), pixels);
         target.isRgb = true;
         return pixels.data == target.data;
-    } catch (const cv::Exception& error) {
-        vistrel::logError(QStringLiteral("Cannot convert a picture to RGB: %1")
-                              .arg(QString::fromStdString(error.err)));
-        return false;
-    }
+    });
 }
