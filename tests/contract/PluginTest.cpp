@@ -10,8 +10,6 @@
 #include <QtCore/QCoreApplication>
 #include <QtCore/QThread>
 
-using testing::Invoke;
-using testing::Return;
 using testing::ReturnArg;
 using testing::ReturnRef;
 
