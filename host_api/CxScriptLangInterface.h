@@ -19,6 +19,7 @@ public:
     /// Called once per run, right before the script starts: hook(nullptr, userData).
     using StartHook = void (*)(void* reserved, void* userData);
     /// Receives standard output, one call for each write of the script; the flag is always false.
+    /// Called on the thread that writes, which may be one that the script has started.
     using OutputCallback = void (*)(const QString& text, bool reserved);
 
     /// Stops the interpreter if it was started. The host owns the plugin object.
@@ -34,9 +35,14 @@ public:
     /// Runs a script text to its end and returns all that it wrote to standard error, tracebacks
     /// included; an empty text means that it wrote nothing there.
     ///
+    /// One run at a time: a call from another thread waits for the end of the run; a call from
+    /// within a run, by its callbacks or by events that are handled while a script waits, is
+    /// refused with a text.
+    ///
     /// @param script          source text.
     /// @param env             the host's services for this run; never null; must stay valid until
-    ///                        the next run starts, because scripts may leave threads behind.
+    ///                        the next run starts or the plugin object is gone, because scripts
+    ///                        may leave threads and exit functions behind.
     /// @param pythonHome      folder of the interpreter's standard library, used by the run that
     ///                        starts the interpreter; empty: the interpreter's own default.
     /// @param startHook       may be null.

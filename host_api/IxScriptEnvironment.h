@@ -9,7 +9,8 @@
 class CxMdiView;
 class QMenu;
 
-/// Given to every run by the host, which owns it and keeps it alive until the next run starts.
+/// Given to every run by the host, which owns it and keeps it alive until the next run starts or
+/// the plugin object is gone.
 ///
 /// The order of the virtual operations is part of the binary interface.
 /// Unless an operation says otherwise it is called on the thread that runs scripts.

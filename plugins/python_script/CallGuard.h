@@ -5,6 +5,8 @@
 
 #include "PythonApi.h"
 
+#include <cxxabi.h>
+
 #include <exception>
 #include <new>
 
@@ -24,12 +26,16 @@ inline void raiseCurrentException() noexcept
     }
 }
 
-/// A handler for a method table: calls `Handler`, which may throw.
+/// A handler for a method table: calls `Handler`, which may throw. A thread that the interpreter
+/// ends while it goes down unwinds through here: that must reach the thread's end, so neither is it
+/// swallowed nor are these functions noexcept.
 template<PyCFunction Handler>
-PyObject* guarded(PyObject* self, PyObject* args) noexcept
+PyObject* guarded(PyObject* self, PyObject* args)
 {
     try {
         return Handler(self, args);
+    } catch (const abi::__forced_unwind&) {
+        throw;
     } catch (...) {
         raiseCurrentException();
         return nullptr;
@@ -38,10 +44,12 @@ PyObject* guarded(PyObject* self, PyObject* args) noexcept
 
 /// The same for slots of one object, such as tp_str.
 template<unaryfunc Handler>
-PyObject* guardedSlot(PyObject* self) noexcept
+PyObject* guardedSlot(PyObject* self)
 {
     try {
         return Handler(self);
+    } catch (const abi::__forced_unwind&) {
+        throw;
     } catch (...) {
         raiseCurrentException();
         return nullptr;

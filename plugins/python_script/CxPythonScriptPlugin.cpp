@@ -3,6 +3,7 @@
 // Life cycle of the plugin object.
 #include "CxPythonScriptPlugin.h"
 
+#include "Interpreter.h"
 #include "Logging.h"
 #include "PythonVersion.h"
 
@@ -13,11 +14,9 @@ CxPythonScriptPlugin::~CxPythonScriptPlugin()
     if (!m_initialised)
         return;
     try {
-        Py_Finalize();
+        interpreter::stop(this);
     } catch (...) {
-        // The prefix is that of a run, so that all failures of the interpreter share one.
-        logCritical("CxPythonScriptPlugin::runScript(): %1",
-                    QStringLiteral("Python crashed in Finalize"));
+        logCritical(failurePattern, QStringLiteral("Python crashed in Finalize"));
     }
     m_initialised = false;
 }

@@ -48,6 +48,9 @@ public:
     static void addHelpToPythonFunctions(const char* moduleName, PyMethodDef* moduleFunctions,
                                          const char* typeName, PyMethodDef* typeMethods);
 
+    /// The prefix of all log lines about failures of the interpreter.
+    static constexpr char failurePattern[] = "CxPythonScriptPlugin::runScript(): %1";
+
 private:
     /// One run with the lock held. What the script writes to standard error goes to `errors`.
     void runLocked(const QByteArray& script, const QString& pythonHome, StartHook startHook,

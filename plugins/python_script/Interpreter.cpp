@@ -20,13 +20,17 @@ namespace interpreter {
 
 namespace {
 
+/// For whom the interpreter was started; null when that was not done here.
+const void* g_owner = nullptr;
+
 /// Where below a Python home its standard library may lie. The module `encodings` is the first that
 /// the interpreter needs.
 QStringList standardLibraryPlaces()
 {
     const QString version = python::versionOfLibraryFolder();
-    return {QStringLiteral("lib/python%1/encodings").arg(version),
-            QStringLiteral("lib64/python%1/encodings").arg(version),
+    return {QStringLiteral("lib/python%1/encodings/__init__.py").arg(version),
+            QStringLiteral("lib/python%1/encodings/__init__.pyc").arg(version),
+            QStringLiteral("lib64/python%1/encodings/__init__.py").arg(version),
             QStringLiteral("lib/python%1.zip").arg(QString(version).remove(QLatin1Char('.')))};
 }
 
@@ -35,7 +39,8 @@ bool holdsStandardLibrary(const QString& home)
     // A home may name two folders, for platform-independent and for binary modules.
     const QDir folder(home.section(QLatin1Char(':'), 0, 0));
     for (const QString& place : standardLibraryPlaces()) {
-        if (QFileInfo::exists(folder.filePath(place)))
+        const QFileInfo file(folder.filePath(place));
+        if (file.isFile() && file.size() > 0)
             return true;
     }
     return false;
@@ -74,6 +79,8 @@ void initialize(const QString& pythonHome)
 void publishConstants(IxScriptEnvironment& env)
 {
     PyObject* mainModule = PyImport_AddModule("__main__");
+    if (mainModule == nullptr)
+        return;
     for (const auto& constant : env.apiParamDefs()) {
         PyModule_AddStringConstant(mainModule, constant.name.toUtf8().constData(),
                                    constant.text.toUtf8().constData());
@@ -94,18 +101,30 @@ QString reasonNotToStart(const QString& pythonHome)
         .arg(home, standardLibraryPlaces().constFirst());
 }
 
-void start(const QString& pythonHome, IxScriptEnvironment& env)
+void start(const QString& pythonHome, IxScriptEnvironment& env, const void* owner)
 {
     makeLibraryGlobal();
     // A process has one interpreter. When it runs already it is used as it is: the calls that
     // prepare a start would end the process.
-    if (Py_IsInitialized() == 0)
+    if (!isRunning()) {
         initialize(pythonHome);
+        g_owner = owner;
+    }
     publishConstants(env);
     // The module stays imported for as long as the interpreter lives; so does this reference.
     PyImport_ImportModule("emb");
     python::printPendingError();
     fx_pyapp_RunPythonString("import vistrel");
 }
+
+void stop(const void* owner)
+{
+    if (g_owner != owner)
+        return;
+    g_owner = nullptr;
+    Py_Finalize();
+}
+
+bool isRunning() { return Py_IsInitialized() != 0; }
 
 } // namespace interpreter

@@ -16,6 +16,14 @@ QString reasonNotToStart(const QString& pythonHome);
 
 /// Starts the interpreter with the built-in modules `emb` and `vistrel`, publishes the
 /// environment's constants in `__main__` and imports both modules. Its output is not captured.
-void start(const QString& pythonHome, IxScriptEnvironment& env);
+/// An interpreter that runs already is used as it is.
+/// @param owner  who may stop it.
+void start(const QString& pythonHome, IxScriptEnvironment& env, const void* owner);
+
+/// Stops the interpreter if it was started for that owner.
+void stop(const void* owner);
+
+/// Whether it runs.
+bool isRunning();
 
 } // namespace interpreter

@@ -42,8 +42,16 @@ struct Redirection {
     void abandon();
 };
 
-Redirection g_stdout{"stdout", {}, {}};
-Redirection g_stderr{"stderr", {}, {}};
+// Never destroyed: at the end of the process the interpreter is gone, and its objects with it.
+Redirection& g_stdout = *new Redirection{"stdout", {}, {}};
+Redirection& g_stderr = *new Redirection{"stderr", {}, {}};
+
+/// sys.stdout or sys.stderr becomes the stream; a `sys` that does not take it is left as it is.
+void install(const char* name, PyObject* stream)
+{
+    if (PySys_SetObject(name, stream) != 0)
+        PyErr_Clear();
+}
 
 void Redirection::set(Sink sink)
 {
@@ -58,13 +66,13 @@ void Redirection::set(Sink sink)
         return;
     }
     reinterpret_cast<StdoutObject*>(capture.get())->sink = std::move(sink);
-    PySys_SetObject(name, capture.get());
+    install(name, capture.get());
 }
 
 void Redirection::reset()
 {
     if (saved)
-        PySys_SetObject(name, saved.get());
+        install(name, saved.get());
     saved = PyRef();
     // A script may have kept the object; the sink points into a run that is over.
     if (capture)
@@ -150,8 +158,6 @@ void set_stderr(Sink sink) { g_stderr.set(std::move(sink)); }
 void reset_stdout() { g_stdout.reset(); }
 
 void reset_stderr() { g_stderr.reset(); }
-
-bool sinkFailed() { return g_sinkFailure != nullptr; }
 
 void rethrowSinkFailure()
 {

@@ -30,8 +30,6 @@ void set_stderr(Sink sink);
 void reset_stdout();
 void reset_stderr();
 
-/// Whether a sink has thrown since the last rethrow.
-bool sinkFailed();
 /// Throws what a sink threw, once; returns when none did.
 void rethrowSinkFailure();
 

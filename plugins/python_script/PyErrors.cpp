@@ -4,7 +4,6 @@
 #include "PyErrors.h"
 
 #include "ErrorState.h"
-#include "OutputCapture.h"
 #include "PythonVersion.h"
 
 namespace python {
@@ -19,12 +18,22 @@ void writeToStandardError(const char* text)
         PyErr_Clear();
 }
 
+/// The text form of an object; what UTF-8 cannot hold is written as an escape.
+PyRef printableText(PyObject* object)
+{
+    const PyRef text = PyRef::take(PyObject_Str(object));
+    PyRef bytes = PyRef::take(
+        text ? PyUnicode_AsEncodedString(text.get(), "utf-8", "backslashreplace") : nullptr);
+    if (!bytes)
+        PyErr_Clear();
+    return bytes;
+}
+
 void writeToStandardError(PyObject* object)
 {
-    PyObject* stream = PySys_GetObject("stderr");
-    if (stream == nullptr || stream == Py_None
-        || PyFile_WriteObject(object, stream, Py_PRINT_RAW) != 0)
-        PyErr_Clear();
+    const PyRef text = printableText(object);
+    if (text)
+        writeToStandardError(PyBytes_AsString(text.get()));
 }
 
 bool isInteger(PyObject* object)
@@ -32,18 +41,27 @@ bool isInteger(PyObject* object)
     return (PyType_GetFlags(Py_TYPE(object)) & Py_TPFLAGS_LONG_SUBCLASS) != 0;
 }
 
+/// What a SystemExit was given; the error itself when that cannot be had.
+PyRef codeOf(const ErrorState& error)
+{
+    PyRef code = PyRef::take(PyObject_GetAttrString(error.value(), "code"));
+    if (code)
+        return code;
+    PyErr_Clear();
+    return PyRef::retain(error.value());
+}
+
 /// The pending error is a SystemExit: says why the script ended, where there is something to say.
 void reportSystemExit()
 {
     const ErrorState error = ErrorState::fetch();
-    PyRef code = PyRef::take(PyObject_GetAttrString(error.value(), "code"));
-    if (!code)
-        PyErr_Clear();
-    if (!code || code.get() == Py_None)
+    const PyRef code = codeOf(error);
+    if (code.get() == Py_None)
         return;
     if (isInteger(code.get())) {
-        const int isNonZero = PyObject_IsTrue(code.get());
-        if (isNonZero == 0)
+        const long number = PyLong_AsLong(code.get()); // -1 for what does not fit, which is not 0
+        PyErr_Clear();
+        if (number == 0)
             return;
         writeToStandardError("script ended with exit status ");
     }
@@ -51,7 +69,7 @@ void reportSystemExit()
     writeToStandardError("\n");
 }
 
-/// Stands in for a hook of the script's own while PyErr_Print runs: a hook that raises SystemExit
+/// Stands in for sys.excepthook while PyErr_Print runs: a script's hook that raises SystemExit
 /// would end the process.
 PyObject* callHookOfScript(PyObject* hook, PyObject* args)
 {
@@ -69,7 +87,7 @@ PyMethodDef safeHook{"excepthook", callHookOfScript, METH_VARARGS, nullptr};
 void printByHook()
 {
     PyRef hook = PyRef::retain(PySys_GetObject("excepthook"));
-    if (!hook || hook.get() == PySys_GetObject("__excepthook__")) {
+    if (!hook) {
         PyErr_Print();
         return;
     }
@@ -112,9 +130,7 @@ void printPendingError()
 {
     if (PyErr_Occurred() == nullptr)
         return;
-    if (emb::sinkFailed())
-        PyErr_Clear();
-    else if (PyErr_ExceptionMatches(PyExc_SystemExit) != 0)
+    if (PyErr_ExceptionMatches(PyExc_SystemExit) != 0)
         reportSystemExit();
     else
         printByHook();

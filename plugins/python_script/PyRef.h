@@ -59,8 +59,12 @@ inline PyObject* newBool(bool value) { return PyRef::retain(value ? Py_True : Py
 inline int addType(PyObject* module, const char* name, PyObject* type)
 {
     PyRef reference = PyRef::retain(type);
-    if (!reference || PyModule_AddObject(module, name, reference.get()) != 0)
+    if (!reference)
         return 0;
+    if (PyModule_AddObject(module, name, reference.get()) != 0) {
+        PyErr_Clear(); // the module goes without it
+        return 0;
+    }
     static_cast<void>(reference.release()); // the module has taken it over
     return 1;
 }

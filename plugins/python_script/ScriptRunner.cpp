@@ -7,9 +7,11 @@
 #include "Logging.h"
 #include "OutputCapture.h"
 
-namespace {
+#include <QtCore/QScopedValueRollback>
 
-constexpr char failurePattern[] = "CxPythonScriptPlugin::runScript(): %1";
+#include <stdexcept>
+
+namespace {
 
 /// The interpreter cannot be started; what() is a text for the user.
 class CannotStart : public std::runtime_error {
@@ -92,6 +94,11 @@ QString CxPythonScriptPlugin::runScript(const QString& script, IxScriptEnvironme
                                         const QString& pythonHome, StartHook startHook,
                                         void* userData, OutputCallback outputCallback)
 {
+    // Waiting for the lock would wait for this very call.
+    static thread_local bool isRunning = false;
+    if (isRunning)
+        return QStringLiteral("a script cannot be started from within the run of another one");
+    const QScopedValueRollback<bool> running(isRunning, true);
     g_pScriptPlugin = env;
     QString result;
     std::string errors;
@@ -114,12 +121,13 @@ QString CxPythonScriptPlugin::runScript(const QString& script, IxScriptEnvironme
 
 void CxPythonScriptPlugin::ensureStarted(const QString& pythonHome)
 {
-    if (m_initialised)
+    // Another plugin object may have stopped the interpreter that this one shared.
+    if (m_initialised && interpreter::isRunning())
         return;
     const QString reason = interpreter::reasonNotToStart(pythonHome);
     if (!reason.isEmpty())
         throw CannotStart(reason);
-    interpreter::start(pythonHome, *g_pScriptPlugin);
+    interpreter::start(pythonHome, *g_pScriptPlugin, this);
     m_initialised = true;
 }
 

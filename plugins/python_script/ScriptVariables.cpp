@@ -12,14 +12,15 @@ using python::PyRef;
 
 namespace {
 
-/// The dictionary of `__main__`, borrowed; null when it cannot be had.
-PyObject* mainNames()
+/// The dictionary of `__main__`, or none when it cannot be had. Held, because objects that are
+/// deleted from it may run code that drops the module.
+PyRef mainNames()
 {
     PyObject* mainModule = PyImport_AddModule("__main__");
     PyObject* names = mainModule != nullptr ? PyModule_GetDict(mainModule) : nullptr;
     if (names == nullptr)
         PyErr_Clear();
-    return names;
+    return PyRef::retain(names);
 }
 
 /// str() of an object as UTF-8; nothing when it has none.
@@ -36,9 +37,9 @@ std::optional<std::string> textOf(PyObject* object)
 /// Calls `visit` with every key of `__main__`, in the order of binding. The keys are a copy, so the
 /// dictionary may change meanwhile.
 template<class Visitor>
-void forEachKey(PyObject* names, Visitor visit)
+void forEachKey(const PyRef& names, Visitor visit)
 {
-    const PyRef keys = PyRef::take(names != nullptr ? PyDict_Keys(names) : nullptr);
+    const PyRef keys = PyRef::take(names ? PyDict_Keys(names.get()) : nullptr);
     if (!keys) {
         PyErr_Clear();
         return;
@@ -78,18 +79,21 @@ void CxPythonScriptPlugin::deleteNewLocalVariables(const std::list<std::string>&
         if (std::find(before.begin(), before.end(), name) == before.end())
             added.push_back(std::move(name));
     }
-    PyObject* names = mainNames();
+    const PyRef names = mainNames();
     for (const std::string& name : added) {
-        if (names == nullptr || PyObject_DelItemString(names, name.c_str()) != 0)
+        // With its length: a name may hold a NUL.
+        const PyRef key = PyRef::take(
+            PyUnicode_FromStringAndSize(name.data(), static_cast<Py_ssize_t>(name.size())));
+        if (!names || !key || PyObject_DelItem(names.get(), key.get()) != 0)
             PyErr_Clear();
     }
 }
 
 void CxPythonScriptPlugin::dumpLocalVariables()
 {
-    PyObject* names = mainNames();
-    forEachKey(names, [names](PyObject* key) {
-        const PyRef value = PyRef::retain(PyDict_GetItem(names, key));
+    const PyRef names = mainNames();
+    forEachKey(names, [&names](PyObject* key) {
+        const PyRef value = PyRef::retain(PyDict_GetItem(names.get(), key));
         const auto keyText = textOf(key);
         const auto valueText = value ? textOf(value.get()) : std::nullopt;
         if (keyText && valueText) {

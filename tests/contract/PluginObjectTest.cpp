@@ -18,7 +18,16 @@ Function* pythonFunction(const char* name)
     return reinterpret_cast<Function*>(dlsym(RTLD_DEFAULT, name));
 }
 
-class PluginObject : public PluginTest {};
+class PluginObject : public PluginTest {
+protected:
+    /// Py_IsInitialized of the library that the plugin has loaded, global or not.
+    static int isInitialized()
+    {
+        void* const library = dlopen(VISTREL_PYTHON_LIBRARY, RTLD_LAZY | RTLD_NOLOAD);
+        EXPECT_NE(library, nullptr) << dlerror();
+        return reinterpret_cast<int (*)()>(dlsym(library, "Py_IsInitialized"))();
+    }
+};
 
 TEST_F(PluginObject, MetadataHoldsInterfaceIdAndClassNameAlone)
 {
@@ -96,8 +105,7 @@ TEST_F(PluginObject, LanguageVersionStartsNoInterpreter)
     const QString version = plugin->languageVersion();
     EXPECT_TRUE(version.startsWith(QLatin1String("Python 3."))) << qPrintable(version);
     EXPECT_FALSE(version.mid(7).contains(QLatin1Char(' ')));
-    EXPECT_EQ(pythonFunction<int()>("Py_IsInitialized"), nullptr)
-        << "the library is made global only when the interpreter starts";
+    EXPECT_EQ(isInitialized(), 0);
     EXPECT_EQ(value("__import__('platform').python_version()"), version.mid(7));
 }
 
@@ -106,6 +114,7 @@ TEST_F(PluginObject, InitStartsNoInterpreterAndSucceeds)
     EXPECT_CALL(environment, apiParamDefs()).Times(0);
     EXPECT_TRUE(plugin->init());
     EXPECT_TRUE(plugin->init());
+    EXPECT_EQ(isInitialized(), 0);
 }
 
 TEST_F(PluginObject, DestructionAfterARunFinalisesTheInterpreter)
@@ -153,6 +162,15 @@ TEST_F(PluginObject, ASecondPluginInOneProcessEndsNeitherItNorTheFirst)
                       nullptr, nullptr, nullptr);
     EXPECT_EQ(value("__import__('sys').by_second"), QStringLiteral("2"))
         << "both use the one interpreter";
+    delete second;
+    EXPECT_EQ(value("3"), QStringLiteral("3")) << "only who started it stops it";
+    second = qobject_cast<CxScriptLangInterface*>(secondLoader.instance());
+    second->init();
+    second->runScript(QStringLiteral("pass"), &environment, QString(), nullptr, nullptr, nullptr);
+    destroyPlugin();
+    EXPECT_EQ(second->runScript(QStringLiteral("pass"), &environment, QString(), nullptr, nullptr,
+                                nullptr),
+              QString());
 }
 
 TEST_F(PluginObject, ASecondInitAfterARunDoesNotEndTheProcess)

@@ -98,6 +98,49 @@ TEST_F(Run, ANameThatARunDeletesStaysDeleted)
     EXPECT_EQ(value("'vistrel' in globals()"), QStringLiteral("False"));
 }
 
+TEST_F(Run, ANameWithANulInItIsRemovedAndNoOther)
+{
+    EXPECT_EQ(run("globals()['vistrel\\0x'] = 1"), QString());
+    EXPECT_EQ(value("[name for name in globals() if name.startswith('vistrel')]"),
+              QStringLiteral("['vistrel']"));
+}
+
+TEST_F(Run, KeysThatAreNoTextsAreLeftAlone)
+{
+    EXPECT_EQ(run("globals()[5] = 1\nglobals()['\\udc80'] = 2\nx = 3"), QString());
+    EXPECT_EQ(value("(globals().get(5), 'x' in globals())"), QStringLiteral("(1, False)"));
+}
+
+TEST_F(Run, ANameWhoseRemovalDropsTheNamespaceDoesNoHarm)
+{
+    EXPECT_EQ(run("import functools, sys, weakref\n"
+                  "x = set()\n"
+                  "r = weakref.ref(x, functools.partial(sys.modules.pop, '__main__'))\n"
+                  "z = 1\n"),
+              QString());
+    run("pass");
+}
+
+TEST_F(Run, ARunFromWithinARunIsRefused)
+{
+    static CxScriptLangInterface* inner;
+    static IxScriptEnvironment* innerEnvironment;
+    static QString result;
+    inner = plugin;
+    innerEnvironment = &environment;
+    EXPECT_EQ(runWith("print('x', end='')", nullptr, nullptr,
+                      [](const QString& text, bool) {
+                          if (!text.isEmpty()) {
+                              result = inner->runScript(QStringLiteral("y = 1"), innerEnvironment,
+                                                        QString(), nullptr, nullptr, nullptr);
+                          }
+                      }),
+              QString());
+    EXPECT_EQ(result,
+              QStringLiteral("a script cannot be started from within the run of another one"));
+    EXPECT_EQ(value("2"), QStringLiteral("2"));
+}
+
 TEST_F(Run, AReboundConstantKeepsItsNewValue)
 {
     stringConstants = {{QStringLiteral("MODE"), QStringLiteral("mode")}};
@@ -274,6 +317,33 @@ TEST_F(Run, AnExceptHookThatExitsEndsNothing)
         << "a script's hook stays in place";
 }
 
+TEST_F(Run, AnExceptHookThatAlsoReplacesPythonsOwnEndsNothing)
+{
+    EXPECT_EQ(run("import sys\n"
+                  "sys.excepthook = sys.__excepthook__ = lambda *a: sys.exit(7)\n"
+                  "1 / 0"),
+              QStringLiteral("script ended with exit status 7\n"));
+    EXPECT_EQ(value("1"), QStringLiteral("1"));
+}
+
+TEST_F(Run, ASystemExitWithAnOddCodeStillSaysSomething)
+{
+    EXPECT_EQ(run("raise SystemExit(True)"),
+              QStringLiteral("script ended with exit status True\n"));
+    EXPECT_EQ(run("raise SystemExit(2**80)"),
+              QStringLiteral("script ended with exit status 1208925819614629174706176\n"));
+    EXPECT_EQ(run("class Odd(int):\n"
+                  "    def __bool__(self): raise ValueError\n"
+                  "raise SystemExit(Odd(3))"),
+              QStringLiteral("script ended with exit status 3\n"));
+    EXPECT_EQ(run("raise SystemExit('gone \\udc80')"), QStringLiteral("gone \\udc80\n"));
+    EXPECT_EQ(run("class Codeless(SystemExit):\n"
+                  "    @property\n"
+                  "    def code(self): raise ValueError\n"
+                  "raise Codeless('left')"),
+              QStringLiteral("left\n"));
+}
+
 TEST_F(Run, AnExceptHookThatFailsIsReportedWithBothErrors)
 {
     const QString errors = run("import sys\n"
@@ -294,6 +364,19 @@ TEST_F(Run, AHomeWithoutStandardLibraryIsAClearErrorAndALaterRunWorks)
         << qPrintable(errors);
     EXPECT_TRUE(log.last().endsWith(errors));
     EXPECT_EQ(value("'started'"), QStringLiteral("started"));
+}
+
+TEST_F(Run, AHomeWithAnEmptyLibraryIsRefusedToo)
+{
+    const QTemporaryDir home;
+    const QString version =
+        plugin->languageVersion().section(QLatin1Char(' '), 1).section(QLatin1Char('.'), 0, 1);
+    QDir(home.path()).mkpath(QStringLiteral("lib/python%1/encodings").arg(version));
+    QFile zip(home.filePath(
+        QStringLiteral("lib/python%1.zip").arg(QString(version).remove(QLatin1Char('.')))));
+    ASSERT_TRUE(zip.open(QIODevice::WriteOnly));
+    EXPECT_TRUE(runWith("pass", nullptr, nullptr, nullptr, home.path())
+                    .startsWith(QLatin1String("Python home \"")));
 }
 
 TEST_F(Run, AWrongHomeInTheProcessEnvironmentIsAClearErrorToo)

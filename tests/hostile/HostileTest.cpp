@@ -14,8 +14,8 @@ using testing::Return;
 
 namespace {
 
-/// Calls every function, method and attribute of the module with all tuples of up to three values
-/// from a pool, and prints how many calls there were.
+/// Calls every function, method and attribute of the module with all tuples of up to two values
+/// from a pool, alloc with all sizes from another one, and prints how many calls there were.
 constexpr char callEverything[] = R"py(
 import itertools, sys
 
@@ -49,14 +49,17 @@ def targets():
 
 calls = 0
 for target in targets():
-    for count, values in ((0, [()]), (1, itertools.product(pool())),
-                          (2, itertools.product(pool(), repeat=2))):
-        for arguments in values:
+    for count in range(3):
+        for arguments in itertools.product(pool(), repeat=count):
             calls += 1
             try:
                 str(target(*arguments))
             except Exception:
                 pass
+for numbers in itertools.product((-1, 0, 1, 3, 8, 33, 2**31 - 1), repeat=4):
+    calls += 1
+    try: vistrel.Image().alloc(*numbers)
+    except Exception: pass
 for thing in pool():
     for name in dir(thing):
         try: repr(getattr(thing, name))
@@ -185,6 +188,23 @@ TEST_F(Hostile, ThreadsThatAScriptLeavesBehindDoNoHarm)
                   "for _ in range(4): threading.Thread(target=work, daemon=True).start()\n"),
               QString());
     EXPECT_EQ(value("__import__('time').sleep(0.05)"), QStringLiteral("None"));
+}
+
+TEST_F(Hostile, ThreadsInsideACallWhenTheInterpreterStopsDoNoHarm)
+{
+    EXPECT_EQ(run("import threading, time, emb\n"
+                  "class Slow:\n"
+                  "    def __index__(self, sleep=time.sleep):\n"
+                  "        sleep(0.002)\n"
+                  "        return 1\n"
+                  "def work(vistrel=vistrel, slow=Slow()):\n"
+                  "    while True:\n"
+                  "        try: vistrel.get_view_image(slow)\n"
+                  "        except Exception: pass\n"
+                  "for _ in range(4): threading.Thread(target=work, daemon=True).start()\n"
+                  "time.sleep(0.01)\n"),
+              QString());
+    destroyPlugin();
 }
 
 TEST_F(Hostile, AScriptThatRecursesWithoutEndGetsPythonsError)

@@ -66,6 +66,7 @@ void fx_pycams_TypeReady()
     if (TxPyCameraType == nullptr) {
         logCritical("fx_pycams_TypeReady(): %1",
                     QStringLiteral("Failed to register vistrel.CameraType"));
+        PyErr_Clear(); // the module is made without the type
     }
 }
 

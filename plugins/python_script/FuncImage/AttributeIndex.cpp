@@ -48,9 +48,7 @@ int AttributeIndex::findByText(PyObject* name) const
     if (!python::isText(name))
         return none;
     PyObject* number = PyDict_GetItemWithError(m_numbersByText.get(), name);
-    if (number == nullptr) {
-        PyErr_Clear();
-        return none;
-    }
+    if (number == nullptr)
+        return PyErr_Occurred() != nullptr ? failed : none;
     return static_cast<int>(PyLong_AsLong(number));
 }

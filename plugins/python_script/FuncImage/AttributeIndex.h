@@ -13,11 +13,13 @@
 class AttributeIndex {
 public:
     static constexpr int none = -1;
+    static constexpr int failed = -2;
 
     /// Gives a name a number; `none` says for sure that it has none, which spares the second
     /// look-up. False with Python's error set when there is no memory.
     bool add(const char* name, int number);
-    /// The name's number, or `none`.
+    /// The name's number, or `none`; `failed`, with Python's error set, when comparing texts
+    /// failed.
     int find(PyObject* name) const;
 
 private:

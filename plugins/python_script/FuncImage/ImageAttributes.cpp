@@ -164,5 +164,7 @@ PyObject* fx_pyimg_GetAttrO(PyObject* self, PyObject* name)
     const int number = g_index->find(name);
     if (number == AttributeIndex::none)
         return PyObject_GenericGetAttr(self, name);
+    if (number == AttributeIndex::failed)
+        return nullptr;
     return readAttribute(self, attributes[number]);
 }

@@ -53,15 +53,21 @@ NewImage allocated(int width, int height, int channels, int bpc)
     return imageAround(buffer);
 }
 
-NewImage cloneOf(CxImageData& image)
+std::unique_ptr<CxImageData> cloneOrNull(CxImageData& image)
 {
     QObject* const clone = image.clone(0, 0);
     auto* const copy = qobject_cast<CxImageData*>(clone);
-    if (copy == nullptr) {
+    if (copy == nullptr)
         delete clone;
-        return Refusal{image_messages::outOfMemory};
-    }
     return std::unique_ptr<CxImageData>(copy);
+}
+
+NewImage cloneOf(CxImageData& image)
+{
+    std::unique_ptr<CxImageData> copy = cloneOrNull(image);
+    if (!copy)
+        return Refusal{image_messages::outOfMemory};
+    return copy;
 }
 
 NewImage withRedAndBlueSwapped(CxImageData& image)

@@ -17,7 +17,9 @@ using NewImage = Outcome<std::unique_ptr<CxImageData>>;
 /// channels are marked as RGB. Refused for numbers below 1, more than 32 bits, and without memory.
 NewImage allocated(int width, int height, int channels, int bpc);
 
-/// An independent deep copy by the host.
+/// An independent deep copy by the host; null when it makes none.
+std::unique_ptr<CxImageData> cloneOrNull(CxImageData& image);
+/// The same, refused when the host makes none.
 NewImage cloneOf(CxImageData& image);
 
 /// A copy with red and blue exchanged; the acquisition record goes along.

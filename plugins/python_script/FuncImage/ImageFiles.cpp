@@ -3,6 +3,7 @@
 // Loading and saving images by the host's file formats.
 #include "FuncImage/ImageFiles.h"
 
+#include "FuncImage/ImageCopies.h"
 #include "FuncImage/ImageMessages.h"
 #include "HostServices.h"
 
@@ -13,21 +14,6 @@
 #include <QtCore/QFileInfo>
 
 namespace image_files {
-
-namespace {
-
-/// A copy of what the loader has read; null when that is no image.
-std::unique_ptr<CxImageData> copyOfLoaded(IxImageLoader& loader)
-{
-    auto* const loaded = qobject_cast<CxImageData*>(loader.loadedObject());
-    QObject* const clone = loaded != nullptr ? loaded->clone(0, 0) : nullptr;
-    auto* const copy = qobject_cast<CxImageData*>(clone);
-    if (copy == nullptr)
-        delete clone;
-    return std::unique_ptr<CxImageData>(copy);
-}
-
-} // namespace
 
 void makeFolderOf(const QString& path) { QDir(QString()).mkpath(QFileInfo(path).absolutePath()); }
 
@@ -47,7 +33,8 @@ Outcome<std::unique_ptr<CxImageData>> load(const QString& path)
         return Refusal{image_messages::cannotOpenFile};
     if (!loader->load())
         return std::unique_ptr<CxImageData>();
-    return copyOfLoaded(*loader);
+    auto* const loaded = qobject_cast<CxImageData*>(loader->loadedObject());
+    return loaded != nullptr ? image_copies::cloneOrNull(*loaded) : nullptr;
 }
 
 } // namespace image_files

@@ -71,6 +71,7 @@ void fx_pyimages_TypeReady()
     if (TxPyImageType == nullptr) {
         logCritical("fx_pyimages_TypeReady(): %1",
                     QStringLiteral("Failed to register vistrel.ImageType with limited API"));
+        PyErr_Clear(); // the module is made without the type
     }
 }
 
