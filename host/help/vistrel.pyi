@@ -319,8 +319,9 @@ class Camera:
 class Image:
     """A picture: pixels, frame numbers and how a camera took it.
 
-    A new object is empty; alloc() or from_file() fill it. str() of it tells
-    geometry and pixel type, or reads "Vistrel image object is empty".
+    A new object is empty; alloc(), from_file() or from_array() fill it. str()
+    of it tells geometry and pixel type; that of an empty object reads
+    "Vistrel image object is empty".
 
     numpy.asarray(image) makes an array of it without copying pixels; the
     array's shape and its bounds are told at __array_interface__.
@@ -379,6 +380,54 @@ class Image:
         Raises:
             Exception: "cannot open file" when there is no such file or no
                 format goes by its name; the object then keeps its picture.
+        """
+
+    def from_array(self, source: object, /) -> None:
+        """Fill the object from a nested list or from another object's pixels.
+
+        Arrays: anything with __array_interface__. The shape is read as
+        (height, width, channels), missing ones are 1; note that images export
+        theirs width first. Strides are read as (pixel, line, channel), which
+        does not go with the shape: pass numpy.ascontiguousarray(array), whose
+        strides are None. The byte order is ignored. An image as source goes
+        through the same reading, which only suits square ones; where it would
+        read outside the picture it is refused.
+
+        Lists: lines; lines of values; or lines of pixels of values. The first
+        of each tells the width and the channels, the innermost first value
+        the type: 16 bits for int, 32-bit float for float. Values of another
+        kind are left out, what lies beyond the first line's size is ignored.
+        A list fills the picture and still raises SystemError, chained to the
+        AttributeError of the missing __array_interface__: catch it.
+
+        Pixels are stored in the smallest type that holds them: 8 bits when
+        none is above 255 (signed: 256), else 16 or 32 bits; doubles as
+        floats. Three channels of 8 or 16 bits are marked as RGB. The old
+        picture is freed, with the pixels under arrays that share it; when
+        the source is refused the object keeps it.
+
+        Args:
+            source: a list, or an object with __array_interface__.
+
+        Raises:
+            Exception: "object passed doesn't support neither buffer "
+                "protocol, nor __array_interface__, and is not list."
+            Exception: "No shape provided in __array_interface__", and so for
+                typestr and data.
+            Exception: "unsupported shape in __array_interface__", and so for
+                data type and strides.
+            Exception: "Data in __array_interface__ not as tuple"
+            Exception: "Null data provided in __array_interface__"
+            Exception: "the array reaches outside its memory"
+            Exception: "list passed is empty"
+            Exception: "array rows are empty"
+            Exception: "array channels are empty"
+            Exception: "unsupported data type"
+            Exception: "Cannot allocate image"
+            SystemError: "returned a result with an exception set" for every
+                list that is taken.
+            SystemError: "returned NULL without setting an exception" when
+                __array_interface__ is no dict.
         """
 
     def get_width(self) -> int:
@@ -493,6 +542,101 @@ class Image:
                 object is empty.
         """
 
+    def get_pixel_value(self, x: int, y: int, channel: int = 0, /) -> int:
+        """Get one channel value of a pixel.
+
+        Values of pictures that are neither unsigned 8-bit or 16-bit nor
+        32-bit integers are always read as 0.
+
+        Args:
+            x: the pixel within its line, from 0.
+            y: the line, from 0 at the top.
+            channel: the channel, from 0.
+
+        Returns:
+            the value.
+
+        Raises:
+            Exception: "x-coordinate out of range"
+            Exception: "y-coordinate out of range"
+            Exception: "channel number out of range"
+            SystemError: "returned NULL without setting an exception" when the
+                object is empty.
+        """
+
+    def set_pixel_value(
+        self, value: int, x: int, y: int, channel: int = 0, /,
+    ) -> None:
+        """Set one channel value of a pixel.
+
+        The value is cut to the bits that it takes in memory: 300 in an 8-bit
+        picture becomes 44. Pictures that are neither unsigned 8-bit or 16-bit
+        nor 32-bit integers are left as they are, without an error.
+
+        Args:
+            value: the new value.
+            x: the pixel within its line, from 0.
+            y: the line, from 0 at the top.
+            channel: the channel, from 0.
+
+        Raises:
+            Exception: "x-coordinate out of range"
+            Exception: "y-coordinate out of range"
+            Exception: "channel number out of range"
+            SystemError: "returned NULL without setting an exception" when the
+                object is empty.
+        """
+
+    def draw_pixel_line(
+        self, value: int, x1: int, y1: int, x2: int, y2: int,
+        channel: int = 0, /,
+    ) -> None:
+        """Draw a line one pixel wide.
+
+        Both ends are drawn. Values are cut, and types left out, as
+        set_pixel_value() does.
+
+        Args:
+            value: the new value.
+            x1: end one, within its line.
+            y1: end one, its line.
+            x2: end two, within its line.
+            y2: end two, its line.
+            channel: the channel that is set; others stay as they are.
+
+        Raises:
+            Exception: "x1-coordinate out of range", and so for y1, x2 and y2;
+                nothing is drawn then.
+            Exception: "channel number out of range"
+            SystemError: "returned NULL without setting an exception" when the
+                object is empty.
+        """
+
+    def draw_pixel_rect(
+        self, value: int, x1: int, y1: int, x2: int, y2: int,
+        channel: int = 0, /,
+    ) -> None:
+        """Draw the outline of a rectangle one pixel wide.
+
+        Any two opposite corners will do. Values are cut, and types left out,
+        as set_pixel_value() does.
+
+        Args:
+            value: the new value.
+            x1: corner one, within its line.
+            y1: corner one, its line.
+            x2: corner two, within its line.
+            y2: corner two, its line.
+            channel: the channel that is set; others stay as they are.
+
+        Raises:
+            Exception: "x1-coordinate out of range", and so for y1, x2 and y2;
+                nothing is drawn then.
+            Exception: "channel number out of range"
+            SystemError: "returned NULL without setting an exception" when the
+                object is empty.
+        """
+
     def save_to_file(self, path: str, /) -> None:
         """Save the picture to a file.
 
@@ -508,6 +652,56 @@ class Image:
                 object is empty or no format goes by the name's ending.
         """
 
+    def to_rgb(self) -> Image:
+        """Convert to 8-bit red, green, blue, alpha.
+
+        Returns:
+            a new image of the same size with 4 channels.
+
+        Raises:
+            Exception: "cannot allocate new image, out of memory"
+            SystemError: "returned NULL without setting an exception" when the
+                object is empty.
+        """
+
+    def extract_channel(self, channel: int, /) -> Image:
+        """Copy one channel.
+
+        Args:
+            channel: the channel, from 0.
+
+        Returns:
+            a new image with 1 channel of the same size and type.
+
+        Raises:
+            Exception: "channel number out of range"
+            Exception: "cannot allocate new image, out of memory"
+            SystemError: "returned NULL without setting an exception" when the
+                object is empty.
+        """
+
+    def convert_bpc(self, bpc: int, scale: bool = True, /) -> Image:
+        """Convert to another number of significant bits.
+
+        Values of the result are unsigned and take 8 bits up to a bpc of 8,
+        16 bits up to 16, else 32 bits.
+
+        Args:
+            bpc: significant bits of a value (bits per channel), 1 to 32.
+            scale: True scales values, so that full scale stays full scale;
+                False keeps them.
+
+        Returns:
+            a new image of the same size.
+
+        Raises:
+            Exception: "number of bits out of range"
+            Exception: "new image contained values over max bpc"
+            Exception: "cannot allocate new image, out of memory"
+            SystemError: "returned NULL without setting an exception" when the
+                object is empty.
+        """
+
     def new_copy(self) -> Image:
         """Make an independent copy.
 
@@ -516,6 +710,247 @@ class Image:
 
         Raises:
             Exception: "cannot allocate new image, out of memory"
+            SystemError: "returned NULL without setting an exception" when the
+                object is empty.
+        """
+
+    def crop(self, x: int, y: int, w: int, h: int, /) -> Image:
+        """Copy a rectangle.
+
+        What lies outside the picture stays black.
+
+        Args:
+            x: left edge.
+            y: top edge.
+            w: width, from 1.
+            h: height, from 1.
+
+        Returns:
+            a new image of w x h pixels of the same type.
+
+        Raises:
+            Exception: "cannot allocate new image, out of memory", also for a
+                width or height below 1.
+            SystemError: "returned NULL without setting an exception" when the
+                object is empty.
+        """
+
+    def resize(
+        self, new_w: int, new_h: int,
+        x: int = 0, y: int = 0, w: int = 1, h: int = 1, /,
+    ) -> Image:
+        """Scale a rectangle to another size.
+
+        By default the rectangle is the top-left pixel alone! The whole
+        picture takes zeros: resize(new_w, new_h, 0, 0, 0, 0).
+
+        Args:
+            new_w: width of the result, from 1.
+            new_h: height of the result, from 1.
+            x: left edge of the rectangle.
+            y: top edge of the rectangle.
+            w: its width; 0 is the picture's width.
+            h: its height; 0 is the picture's height.
+
+        Returns:
+            a new image of new_w x new_h pixels of the same type.
+
+        Raises:
+            Exception: "cannot allocate new image, out of memory", also for a
+                new width or height below 1.
+            SystemError: "returned NULL without setting an exception" when the
+                object is empty.
+        """
+
+    def copy_to(self, target: Image, /) -> None:
+        """Copy the pixels into another image of the same size and type.
+
+        An image that differs stays as it is, without an error.
+
+        Args:
+            target: the image that is written to.
+
+        Raises:
+            Exception: "the object passed is not a vistrel.Image"
+            SystemError: "returned NULL without setting an exception" when one
+                of the two objects is empty.
+        """
+
+    def copy_rect_to(
+        self, x: int, y: int, w: int, h: int,
+        target: Image, target_x: int, target_y: int, /,
+    ) -> None:
+        """Copy a rectangle into another image of the same type.
+
+        What lies outside one of the two pictures is left out. An image of
+        another type stays as it is, without an error.
+
+        Args:
+            x: left edge.
+            y: top edge.
+            w: width.
+            h: height.
+            target: the image that is written to.
+            target_x: left edge within the target.
+            target_y: top edge within the target.
+
+        Raises:
+            Exception: "the object passed is not a vistrel.Image"
+            SystemError: "returned NULL without setting an exception" when one
+                of the two objects is empty.
+        """
+
+    def resize_to(self, target: Image, /) -> None:
+        """Scale the whole picture into another image, which keeps its size.
+
+        An image of another type stays as it is, without an error.
+
+        Args:
+            target: the image that is written to.
+
+        Raises:
+            Exception: "the object passed is not a vistrel.Image"
+            SystemError: "returned NULL without setting an exception" when one
+                of the two objects is empty.
+        """
+
+    def tesize_rect_to(
+        self, x: int, y: int, w: int, h: int,
+        target: Image, target_x: int, target_y: int,
+        target_w: int, target_h: int, /,
+    ) -> None:
+        """Scale a rectangle into a rectangle of another image.
+
+        The name is spelt so. An image of another type stays as it is,
+        without an error.
+
+        Args:
+            x: left edge.
+            y: top edge.
+            w: width.
+            h: height.
+            target: the image that is written to.
+            target_x: left edge within the target.
+            target_y: top edge within the target.
+            target_w: width within the target.
+            target_h: height within the target.
+
+        Raises:
+            Exception: "the object passed is not a vistrel.Image"
+            SystemError: "returned NULL without setting an exception" when one
+                of the two objects is empty.
+        """
+
+    def add(self, other: Image, /) -> None:
+        """Add another image of the same size and type to the own pixels.
+
+        Sums end at the largest value of the significant bits. With an image
+        that differs nothing changes, without an error.
+
+        Args:
+            other: the image that is added.
+
+        Raises:
+            Exception: "the object passed is not a vistrel.Image"
+            SystemError: "returned NULL without setting an exception" when one
+                of the two objects is empty.
+        """
+
+    def subtract(self, other: Image, /) -> None:
+        """Subtract another image of the same size and type from the own pixels.
+
+        Differences of unsigned values end at 0. With an image that differs
+        nothing changes, without an error.
+
+        Args:
+            other: the image that is subtracted.
+
+        Raises:
+            Exception: "the object passed is not a vistrel.Image"
+            SystemError: "returned NULL without setting an exception" when one
+                of the two objects is empty.
+        """
+
+    def divide_by_value(self, divisor: int, /) -> None:
+        """Divide every value of the own pixels.
+
+        Args:
+            divisor: the number; with 0 nothing changes, without an error.
+
+        Raises:
+            SystemError: "returned NULL without setting an exception" when the
+                object is empty.
+        """
+
+    def measure_rect(
+        self, x: int = 0, y: int = 0, w: int = 0, h: int = 0,
+        split_raw_colors: bool = False, /,
+    ) -> list[dict[str, Any]]:
+        """Measure statistics of a rectangle; by default of the whole picture.
+
+        The dict of a channel has the keys "name", the channel's name, and
+        "mean", "stdev", "variance", "rms", "min", "max", all floats; stdev is
+        that of the population. The part outside the picture is left out.
+
+        Args:
+            x: left edge.
+            y: top edge.
+            w: width; below 1 the rectangle reaches to the right edge.
+            h: height; below 1 it reaches to the bottom edge.
+            split_raw_colors: True takes the positions of the colour filter of
+                raw pictures as channels of their own.
+
+        Returns:
+            a dict for each channel.
+
+        Raises:
+            Exception: "Cannot measure data" when no pixel lies within.
+            SystemError: "returned NULL without setting an exception" when the
+                object is empty.
+        """
+
+    def measure_row_profiles_in_rect(
+        self, x: int = 0, y: int = 0, w: int = 0, h: int = 0, /,
+    ) -> list[list[dict[str, Any]]]:
+        """Measure statistics of every line of a rectangle.
+
+        The dicts are those of measure_rect().
+
+        Args:
+            x: left edge.
+            y: top edge.
+            w: width; below 1 the rectangle reaches to the right edge.
+            h: height; below 1 it reaches to the bottom edge.
+
+        Returns:
+            top to bottom, each a list with
+                a dict for each channel.
+
+        Raises:
+            Exception: "Cannot measure profile data" when no pixel lies within.
+            SystemError: "returned NULL without setting an exception" when the
+                object is empty.
+        """
+
+    def measure_column_profiles_in_rect(
+        self, x: int = 0, y: int = 0, w: int = 0, h: int = 0, /,
+    ) -> list[list[dict[str, Any]]]:
+        """Measure statistics of every column of a rectangle.
+
+        The dicts are those of measure_rect().
+
+        Args:
+            x: left edge.
+            y: top edge.
+            w: width; below 1 the rectangle reaches to the right edge.
+            h: height; below 1 it reaches to the bottom edge.
+
+        Returns:
+            left to right, each a list with
+                a dict for each channel.
+
+        Raises:
+            Exception: "Cannot measure profile data" when no pixel lies within.
             SystemError: "returned NULL without setting an exception" when the
                 object is empty.
         """

@@ -298,9 +298,14 @@ TEST_F(ImageObject, ANewCopyIsIndependent)
 TEST_F(ImageObject, MethodsStandInTheOrderOfTheTable)
 {
     EXPECT_EQ(value("' '.join(n for n in vars(vistrel.Image) if n == '__bytes__' or n[0] != '_')"),
-              QStringLiteral("__bytes__ alloc from_file get_width get_height get_channels get_bpc "
-                             "get_frame_number get_time_stamp get_image_data_raw "
-                             "get_image_data_numpy get_bytes_per_pixel save_to_file new_copy"));
+              QStringLiteral(
+                  "__bytes__ alloc from_file from_array get_width get_height get_channels get_bpc "
+                  "get_frame_number get_time_stamp get_image_data_raw get_image_data_numpy "
+                  "get_bytes_per_pixel get_pixel_value set_pixel_value draw_pixel_line "
+                  "draw_pixel_rect save_to_file to_rgb extract_channel convert_bpc new_copy crop "
+                  "resize copy_to copy_rect_to resize_to tesize_rect_to add subtract "
+                  "divide_by_value measure_rect measure_row_profiles_in_rect "
+                  "measure_column_profiles_in_rect"));
 }
 
 TEST_F(ImageObject, AnImageWithoutABufferBehavesAsAnEmptyObject)

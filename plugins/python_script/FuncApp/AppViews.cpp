@@ -151,7 +151,7 @@ PyObject* fx_pyapp_GetViewImage(PyObject*, PyObject* args)
     if (!PyArg_ParseTuple(args, "|i", &viewId))
         return nullptr;
     auto image = view_actions::takeViewImage(viewId);
-    return image ? fx_pyimg_newOwner(std::move(image.value())) : raise(image.refusal());
+    return fx_pyimg_newOwnerOrError(std::move(image));
 }
 
 PyObject* fx_pyapp_SetViewImage(PyObject*, PyObject* args)

@@ -8,11 +8,7 @@
 #include <CxImageData.h>
 #include <CxPicBufAPI.h>
 
-#include <optional>
-
 namespace image_copies {
-
-namespace {
 
 std::optional<ExImageDataType> unsignedTypeFor(int bpc)
 {
@@ -25,15 +21,12 @@ std::optional<ExImageDataType> unsignedTypeFor(int bpc)
     return std::nullopt;
 }
 
-/// An image that has taken over the buffer's pixels.
 std::unique_ptr<CxImageData> imageAround(const SxPicBuf& buffer)
 {
     auto image = std::make_unique<CxImageData>();
     image->setPicBuf(buffer);
     return image;
 }
-
-} // namespace
 
 NewImage allocated(int width, int height, int channels, int bpc)
 {

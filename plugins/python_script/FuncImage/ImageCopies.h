@@ -5,13 +5,23 @@
 
 #include "Refusal.h"
 
+#include <ExImageDataType.h>
+
 #include <memory>
+#include <optional>
 
 class CxImageData;
+struct SxPicBuf;
 
 namespace image_copies {
 
 using NewImage = Outcome<std::unique_ptr<CxImageData>>;
+
+/// An image that has taken over the buffer's pixels.
+std::unique_ptr<CxImageData> imageAround(const SxPicBuf& buffer);
+
+/// The smallest unsigned element type that holds so many bits; nothing above 32.
+std::optional<ExImageDataType> unsignedTypeFor(int bpc);
 
 /// A cleared picture. The element type is the smallest unsigned one that holds `bpc` bits; 3 and 4
 /// channels are marked as RGB. Refused for numbers below 1, more than 32 bits, and without memory.

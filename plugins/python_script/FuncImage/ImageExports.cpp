@@ -9,15 +9,6 @@
 
 #include <CxImageData.h>
 
-namespace {
-
-PyObject* ownerOrError(image_copies::NewImage image)
-{
-    return image ? fx_pyimg_newOwner(std::move(image.value())) : python::raise(image.refusal());
-}
-
-} // namespace
-
 PyObject* fx_pyimg_ToBytes(PyObject* self, PyObject*)
 {
     const SxPicBuf* buffer = fx_pyimg_buffer(self);
@@ -42,11 +33,12 @@ PyObject* fx_pyimg_GetImageDataNumpy(PyObject* self, PyObject* args)
         return nullptr;
     if (keepOrder != 0 || !buffer->isRgb)
         return python::PyRef::retain(self).release();
-    return ownerOrError(image_copies::withRedAndBlueSwapped(*fx_pyimg_getImageObjectData(self)));
+    return fx_pyimg_newOwnerOrError(
+        image_copies::withRedAndBlueSwapped(*fx_pyimg_getImageObjectData(self)));
 }
 
 PyObject* fx_pyimg_NewCopy(PyObject* self, PyObject*)
 {
     CxImageData* image = fx_pyimg_getImageObjectData(self);
-    return image != nullptr ? ownerOrError(image_copies::cloneOf(*image)) : nullptr;
+    return image != nullptr ? fx_pyimg_newOwnerOrError(image_copies::cloneOf(*image)) : nullptr;
 }

@@ -1,16 +1,25 @@
 // SPDX-FileCopyrightText: 2026 The Vistrel Python scripting authors
 // SPDX-License-Identifier: GPL-3.0-or-later
-// `vistrel.Image`: methods that fill the object (alloc, from_file) and save_to_file.
+// `vistrel.Image`: methods that fill the object (alloc, from_file, from_array) and save_to_file.
+#include "ErrorState.h"
+#include "FuncImage/ArrayInterface.h"
 #include "FuncImage/ImageCopies.h"
 #include "FuncImage/ImageFiles.h"
 #include "FuncImage/ImageMethods.h"
 #include "FuncImage/ImageType.h"
+#include "FuncImage/ListImport.h"
 #include "HostServices.h"
 #include "PyErrors.h"
 
 #include <CxImageData.h>
 
+using python::PyRef;
+
 namespace {
+
+/// Names a protocol that is not supported; the words are what scripts compare.
+constexpr char noPixels[] = "object passed doesn't support neither buffer protocol, nor "
+                            "__array_interface__, and is not list.";
 
 /// Puts a new image into the object and returns None, or raises why there is none: the object then
 /// keeps the one it has.
@@ -22,7 +31,55 @@ PyObject* refillOrError(PyObject* self, Outcome<std::unique_ptr<CxImageData>> im
     return python::newNone();
 }
 
+/// The source that an interface describes; refused when it reaches outside memory whose size is
+/// known, that of a picture.
+Outcome<ArraySource> checkedSource(PyObject* object, PyObject* interface)
+{
+    Outcome<ArraySource> source = array_interface::read(interface);
+    Outcome<CxImageData*> image = fx_pyimg_imageArgument(object);
+    if (!source || !image)
+        return source;
+    const SxPicBuf& memory = *image.value()->picBuf();
+    const Outcome<bool> isInside =
+        array_interface::checkInside(source.value(), memory.data, memory.dataSize());
+    if (!isInside)
+        return isInside.refusal();
+    return source;
+}
+
+PyObject* fx_pyimg_CreateFromArrayInterface(PyObject* self, PyObject* object, PyObject* interface)
+{
+    if ((PyType_GetFlags(Py_TYPE(interface)) & Py_TPFLAGS_DICT_SUBCLASS) == 0)
+        return nullptr;
+    Outcome<ArraySource> source = checkedSource(object, interface);
+    if (!source)
+        return python::raise(source.refusal());
+    return refillOrError(self, array_import::imported(source.value()));
+}
+
+/// The error of the look-up that led here stays pending: the picture is made, and the call ends
+/// with the interpreter's report of a result with an error set. Scripts have come to expect both.
+PyObject* fx_pyimg_CreateFromList(PyObject* self, PyObject* list)
+{
+    python::ErrorState lookUpError = python::ErrorState::fetch();
+    PyRef result = PyRef::take(refillOrError(self, list_import::imported(list)));
+    if (!result)
+        return nullptr;
+    lookUpError.restore();
+    return python::finishCall(*fx_pyimg_method("from_array"), self, std::move(result));
+}
+
 } // namespace
+
+PyObject* fx_pyimg_CreateFromArray(PyObject* self, PyObject* object)
+{
+    const PyRef interface = PyRef::take(PyObject_GetAttrString(object, "__array_interface__"));
+    if (interface)
+        return fx_pyimg_CreateFromArrayInterface(self, object, interface.get());
+    if (list_import::isList(object))
+        return fx_pyimg_CreateFromList(self, object);
+    return python::raise(Refusal{noPixels});
+}
 
 PyObject* fx_pyimg_CreateNew(PyObject* self, PyObject* args)
 {

@@ -31,3 +31,29 @@ PyObject* fx_pyimg_NewCopy(PyObject* self, PyObject* args);
 PyObject* fx_pyimg_CreateNew(PyObject* self, PyObject* args);
 PyObject* fx_pyimg_CreateFromFile(PyObject* self, PyObject* args);
 PyObject* fx_pyimg_SaveToFile(PyObject* self, PyObject* args);
+PyObject* fx_pyimg_CreateFromArray(PyObject* self, PyObject* object);
+
+// ImagePixels.cpp
+PyObject* fx_pyimg_GetPixelValue(PyObject* self, PyObject* args);
+PyObject* fx_pyimg_SetPixelValue(PyObject* self, PyObject* args);
+PyObject* fx_pyimg_DrawPixelLine(PyObject* self, PyObject* args);
+PyObject* fx_pyimg_DrawPixelRect(PyObject* self, PyObject* args);
+
+// ImageConversionMethods.cpp
+PyObject* fx_pyimg_ToRgb(PyObject* self, PyObject* args);
+PyObject* fx_pyimg_ExtractChannel(PyObject* self, PyObject* args);
+PyObject* fx_pyimg_ConvertBpc(PyObject* self, PyObject* args);
+PyObject* fx_pyimg_Crop(PyObject* self, PyObject* args);
+PyObject* fx_pyimg_Resize(PyObject* self, PyObject* args);
+PyObject* fx_pyimg_CopyTo(PyObject* self, PyObject* target);
+PyObject* fx_pyimg_CopyRectTo(PyObject* self, PyObject* args);
+PyObject* fx_pyimg_ResizeTo(PyObject* self, PyObject* target);
+PyObject* fx_pyimg_ResizeRectTo(PyObject* self, PyObject* args);
+PyObject* fx_pyimg_Add(PyObject* self, PyObject* other);
+PyObject* fx_pyimg_Subtract(PyObject* self, PyObject* other);
+PyObject* fx_pyimg_DivideByValue(PyObject* self, PyObject* args);
+
+// ImageMeasurements.cpp
+PyObject* fx_pyimg_MeasureRect(PyObject* self, PyObject* args);
+PyObject* fx_pyimg_MeasureRowProfilesInRect(PyObject* self, PyObject* args);
+PyObject* fx_pyimg_MeasureColumnProfilesInRect(PyObject* self, PyObject* args);

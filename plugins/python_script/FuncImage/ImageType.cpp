@@ -8,9 +8,11 @@
 #include "FuncImage/ImageMessages.h"
 #include "FuncImage/ImageMethods.h"
 #include "Logging.h"
-#include "PyRef.h"
+#include "PyErrors.h"
 
 #include <CxImageData.h>
+
+#include <cstring>
 
 using python::guarded;
 using python::PyRef;
@@ -22,6 +24,7 @@ PyMethodDef px_image_meths[] = {
     {"__bytes__", guarded<fx_pyimg_ToBytes>, METH_NOARGS, nullptr},
     {"alloc", guarded<fx_pyimg_CreateNew>, METH_VARARGS, nullptr},
     {"from_file", guarded<fx_pyimg_CreateFromFile>, METH_VARARGS, nullptr},
+    {"from_array", guarded<fx_pyimg_CreateFromArray>, METH_O, nullptr},
     {"get_width", guarded<fx_pyimg_GetWidth>, METH_NOARGS, nullptr},
     {"get_height", guarded<fx_pyimg_GetHeight>, METH_NOARGS, nullptr},
     {"get_channels", guarded<fx_pyimg_GetChannels>, METH_NOARGS, nullptr},
@@ -31,8 +34,30 @@ PyMethodDef px_image_meths[] = {
     {"get_image_data_raw", guarded<fx_pyimg_GetImageDataRaw>, METH_NOARGS, nullptr},
     {"get_image_data_numpy", guarded<fx_pyimg_GetImageDataNumpy>, METH_VARARGS, nullptr},
     {"get_bytes_per_pixel", guarded<fx_pyimg_GetBytesPerPixel>, METH_NOARGS, nullptr},
+    {"get_pixel_value", guarded<fx_pyimg_GetPixelValue>, METH_VARARGS, nullptr},
+    {"set_pixel_value", guarded<fx_pyimg_SetPixelValue>, METH_VARARGS, nullptr},
+    {"draw_pixel_line", guarded<fx_pyimg_DrawPixelLine>, METH_VARARGS, nullptr},
+    {"draw_pixel_rect", guarded<fx_pyimg_DrawPixelRect>, METH_VARARGS, nullptr},
     {"save_to_file", guarded<fx_pyimg_SaveToFile>, METH_VARARGS, nullptr},
+    {"to_rgb", guarded<fx_pyimg_ToRgb>, METH_NOARGS, nullptr},
+    {"extract_channel", guarded<fx_pyimg_ExtractChannel>, METH_VARARGS, nullptr},
+    {"convert_bpc", guarded<fx_pyimg_ConvertBpc>, METH_VARARGS, nullptr},
     {"new_copy", guarded<fx_pyimg_NewCopy>, METH_NOARGS, nullptr},
+    {"crop", guarded<fx_pyimg_Crop>, METH_VARARGS, nullptr},
+    {"resize", guarded<fx_pyimg_Resize>, METH_VARARGS, nullptr},
+    {"copy_to", guarded<fx_pyimg_CopyTo>, METH_O, nullptr},
+    {"copy_rect_to", guarded<fx_pyimg_CopyRectTo>, METH_VARARGS, nullptr},
+    {"resize_to", guarded<fx_pyimg_ResizeTo>, METH_O, nullptr},
+    // Spelt so: it is the name that scripts call.
+    {"tesize_rect_to", guarded<fx_pyimg_ResizeRectTo>, METH_VARARGS, nullptr},
+    {"add", guarded<fx_pyimg_Add>, METH_O, nullptr},
+    {"subtract", guarded<fx_pyimg_Subtract>, METH_O, nullptr},
+    {"divide_by_value", guarded<fx_pyimg_DivideByValue>, METH_VARARGS, nullptr},
+    {"measure_rect", guarded<fx_pyimg_MeasureRect>, METH_VARARGS, nullptr},
+    {"measure_row_profiles_in_rect", guarded<fx_pyimg_MeasureRowProfilesInRect>, METH_VARARGS,
+     nullptr},
+    {"measure_column_profiles_in_rect", guarded<fx_pyimg_MeasureColumnProfilesInRect>, METH_VARARGS,
+     nullptr},
     {nullptr, nullptr, 0, nullptr},
 };
 
@@ -63,6 +88,14 @@ PyType_Spec TxPyImageType_Spec{"vistrel.Image", sizeof(SxPyImage), 0, Py_TPFLAGS
                                TxPyImageType_Slots};
 
 } // namespace
+
+PyMethodDef* fx_pyimg_method(const char* name)
+{
+    PyMethodDef* method = px_image_meths;
+    while (std::strcmp(method->ml_name, name) != 0)
+        ++method;
+    return method;
+}
 
 void fx_pyimages_TypeReady()
 {
@@ -98,6 +131,11 @@ PyObject* fx_pyimg_newOwner(std::unique_ptr<CxImageData> image)
     if (object != nullptr)
         static_cast<void>(image.release()); // the object owns it now
     return object;
+}
+
+PyObject* fx_pyimg_newOwnerOrError(Outcome<std::unique_ptr<CxImageData>> image)
+{
+    return image ? fx_pyimg_newOwner(std::move(image.value())) : python::raise(image.refusal());
 }
 
 CxImageData* fx_pyimg_getImageObjectData(PyObject* object)

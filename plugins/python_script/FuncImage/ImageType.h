@@ -27,6 +27,8 @@ struct SxPyImage {
 extern PyObject* TxPyImageType;
 /// The method table; the first entry is `__bytes__`.
 extern PyMethodDef px_image_meths[];
+/// The entry of that name, which must be there.
+PyMethodDef* fx_pyimg_method(const char* name);
 
 /// Makes the type, with its help texts. A failure is logged and leaves TxPyImageType null.
 void fx_pyimages_TypeReady();
@@ -38,6 +40,9 @@ int fx_pyimages_TypeAdd(PyObject* module);
 PyObject* fx_pyimg_createNewImageObject(CxImageData* image, bool owned);
 /// A new object that owns the image. Null with Python's error set when it cannot be made.
 PyObject* fx_pyimg_newOwner(std::unique_ptr<CxImageData> image);
+
+/// The same for an operation that may have been refused: raises why.
+PyObject* fx_pyimg_newOwnerOrError(Outcome<std::unique_ptr<CxImageData>> image);
 
 /// The image behind an image object; null for null and for an empty object. The object's type is
 /// not looked at: callers must know that it is an image object.

@@ -1,0 +1,194 @@
+// SPDX-FileCopyrightText: 2026 The Vistrel Python scripting authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Reads another object's `__array_interface__`.
+#include "FuncImage/ArrayInterface.h"
+
+#include "Logging.h"
+#include "PyText.h"
+
+#include <algorithm>
+#include <limits>
+#include <optional>
+#include <vector>
+
+using python::PyRef;
+
+namespace array_interface {
+
+namespace {
+
+constexpr char noShape[] = "No shape provided in __array_interface__";
+constexpr char badShape[] = "unsupported shape in __array_interface__";
+constexpr char noTypestr[] = "No typestr provided in __array_interface__";
+constexpr char badType[] = "unsupported data type in __array_interface__";
+constexpr char badStrides[] = "unsupported strides in __array_interface__";
+constexpr char noData[] = "No data provided in __array_interface__";
+constexpr char dataNoTuple[] = "Data in __array_interface__ not as tuple";
+constexpr char nullData[] = "Null data provided in __array_interface__";
+constexpr char outsideMemory[] = "the array reaches outside its memory";
+
+bool isTuple(PyObject* object)
+{
+    return (PyType_GetFlags(Py_TYPE(object)) & Py_TPFLAGS_TUPLE_SUBCLASS) != 0;
+}
+
+/// An entry of the dictionary, or none. Held, because reading another one may run code of a script.
+PyRef entryOf(PyObject* interface, const char* key)
+{
+    return PyRef::retain(PyDict_GetItemString(interface, key));
+}
+
+/// The integers of a tuple; nothing when it is no tuple or holds something else.
+std::optional<std::vector<qint64>> integersOf(PyObject* object)
+{
+    if (!isTuple(object))
+        return std::nullopt;
+    std::vector<qint64> numbers;
+    for (Py_ssize_t i = 0; i < PyTuple_Size(object); ++i) {
+        // Asked for as an index: older interpreters would cut a float off.
+        const PyRef index = PyRef::take(PyNumber_Index(PyTuple_GetItem(object, i)));
+        const long long number = index ? PyLong_AsLongLong(index.get()) : -1;
+        if (number == -1 && PyErr_Occurred() != nullptr) {
+            PyErr_Clear();
+            return std::nullopt;
+        }
+        numbers.push_back(number);
+    }
+    return numbers;
+}
+
+/// @param dimensions  set to the number of sizes, 1 to 3.
+const char* readShape(PyObject* interface, ArraySource& source, std::size_t& dimensions)
+{
+    const PyRef shape = entryOf(interface, "shape");
+    if (!shape)
+        return noShape;
+    const auto sizes = integersOf(shape.get());
+    if (!sizes || sizes->empty() || sizes->size() > 3)
+        return badShape;
+    dimensions = sizes->size();
+    source.height = sizes->at(0);
+    source.width = sizes->size() > 1 ? sizes->at(1) : 1;
+    source.channels = sizes->size() > 2 ? sizes->at(2) : 1;
+    return nullptr;
+}
+
+struct ElementType {
+    char kind;
+    char size;
+    ExImageDataType type;
+};
+
+constexpr ElementType elementTypes[] = {
+    {'u', '1', ExImageDataType::UInt8},  {'u', '2', ExImageDataType::UInt16},
+    {'u', '4', ExImageDataType::UInt32}, {'u', '8', ExImageDataType::UInt64},
+    {'i', '1', ExImageDataType::Int8},   {'i', '2', ExImageDataType::Int16},
+    {'i', '4', ExImageDataType::Int32},  {'i', '8', ExImageDataType::Int64},
+    {'f', '4', ExImageDataType::Float},  {'f', '8', ExImageDataType::Double},
+};
+
+/// The first character, the byte order, is not looked at: data is copied as it is.
+bool readElementType(const std::string& typestr, ArraySource& source)
+{
+    if (typestr.size() <= 2)
+        return false;
+    const char kind = typestr[1];
+    const char size = typestr[2];
+    for (const ElementType& known : elementTypes) {
+        if (known.kind == kind && known.size == size) {
+            source.dataType = known.type;
+            source.elementSize = static_cast<quint32>(size - '0');
+            return true;
+        }
+    }
+    // Other kinds make a picture without a type, into which nothing is copied.
+    const bool isKnownKind = kind == 'u' || kind == 'i' || kind == 'f';
+    const bool isDigit = size >= '1' && size <= '9';
+    source.elementSize = isDigit ? static_cast<quint32>(size - '0') : 1;
+    return !isKnownKind;
+}
+
+const char* readType(PyObject* interface, ArraySource& source)
+{
+    const PyRef typestr = entryOf(interface, "typestr");
+    if (!typestr)
+        return noTypestr;
+    const auto text = python::utf8Of(typestr.get());
+    if (text && readElementType(*text, source))
+        return nullptr;
+    logCritical("ArrInt = unsupported data type provided: %1",
+                QString::fromStdString(text.value_or("")));
+    return badType;
+}
+
+const char* readStrides(PyObject* interface, std::size_t dimensions, ArraySource& source)
+{
+    source.setContiguousSteps();
+    const PyRef strides = entryOf(interface, "strides");
+    if (!strides || !isTuple(strides.get()))
+        return nullptr;
+    const auto steps = integersOf(strides.get());
+    if (!steps || steps->size() != dimensions)
+        return badStrides;
+    source.pixelStep = steps->front();
+    source.lineStep = dimensions > 1 ? steps->at(1) : source.pixelStep;
+    if (dimensions != 2)
+        source.channelStep = steps->back();
+    return nullptr;
+}
+
+const char* readData(PyObject* interface, ArraySource& source)
+{
+    const PyRef data = entryOf(interface, "data");
+    if (!data)
+        return noData;
+    if (!isTuple(data.get()))
+        return dataNoTuple;
+    if (PyTuple_Size(data.get()) < 1)
+        return nullData;
+    const unsigned long long address = PyLong_AsUnsignedLongLong(PyTuple_GetItem(data.get(), 0));
+    if (PyErr_Occurred() != nullptr) {
+        PyErr_Clear();
+        return nullData;
+    }
+    source.data = reinterpret_cast<const quint8*>(static_cast<quintptr>(address));
+    return source.data != nullptr ? nullptr : nullData;
+}
+
+} // namespace
+
+Outcome<ArraySource> read(PyObject* interface)
+{
+    ArraySource source;
+    std::size_t dimensions = 0;
+    const char* error = readShape(interface, source, dimensions);
+    if (error == nullptr)
+        error = readType(interface, source);
+    if (error == nullptr)
+        error = readStrides(interface, dimensions, source);
+    if (error == nullptr)
+        error = readData(interface, source);
+    if (error != nullptr)
+        return Refusal{error};
+    return source;
+}
+
+Outcome<bool> checkInside(const ArraySource& source, const quint8* block, quint64 size)
+{
+    qint64 first = source.data - block;
+    qint64 last = first + source.elementSize;
+    const auto extend = [&](qint64 count, qint64 step) {
+        const qint64 reach = (count - 1) * step;
+        (reach < 0 ? first : last) += reach;
+    };
+    extend(source.height, source.lineStep);
+    extend(source.width, source.pixelStep);
+    extend(source.channels, source.channelStep);
+    // Offsets beyond 32 bits would wrap around to places in front of the block.
+    const auto limit = std::min<quint64>(size, std::numeric_limits<qint32>::max());
+    if (first < 0 || last > static_cast<qint64>(limit))
+        return Refusal{outsideMemory};
+    return true;
+}
+
+} // namespace array_interface
