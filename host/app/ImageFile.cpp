@@ -3,16 +3,37 @@
 // Reads and copies images.
 #include "app/ImageFile.h"
 
+#include "core/Log.h"
+
 #include <CxImageData.h>
 #include <CxImageFormatManager.h>
 
+#include <QtCore/QFileInfo>
+
 namespace vistrel {
+
+namespace {
+
+/// Scripts get no reason from a failed open: it stands in the log.
+void logMissingLoader(const QString& path)
+{
+    const QString reason = QFileInfo(path).isFile()
+                               ? QObject::tr("no picture format goes by its name")
+                               : QObject::tr("there is no such file");
+    logError(QObject::tr("Cannot open \"%1\": %2").arg(path, reason));
+}
+
+} // namespace
 
 std::unique_ptr<CxImageData> readImageFile(const QString& path)
 {
     const std::unique_ptr<IxImageLoader> loader(
         CxImageFormatManager::instance()->loaderForFile(path));
-    return loader && loader->load() ? copyOfImage(loader->loadedObject()) : nullptr;
+    if (!loader) {
+        logMissingLoader(path);
+        return nullptr;
+    }
+    return loader->load() ? copyOfImage(loader->loadedObject()) : nullptr;
 }
 
 std::unique_ptr<CxImageData> copyOfImage(QObject* image)

@@ -19,8 +19,6 @@ namespace vistrel {
 
 namespace {
 
-QString tr(const char* text) { return QCoreApplication::translate("Session", text); }
-
 bool outputFailed = false;
 
 /// Receives the scripts' output. The first failure is reported, and ends every run that writes.
@@ -43,13 +41,10 @@ std::vector<QString> readScripts(const QStringList& files)
     return texts;
 }
 
-[[noreturn]] void refusePicture(const QString& file, const KeptLog& log)
+/// The log says why a picture was not read, and names it.
+[[noreturn]] void refusePicture(const KeptLog& log)
 {
-    if (!QFileInfo(file).isFile())
-        throw UsageError(tr("there is no picture %1").arg(file));
-    const QString reason = log.lines().join(QLatin1String("; ")); // names the file
-    throw UsageError(reason.isEmpty() ? tr("no picture format goes by the name %1").arg(file)
-                                      : reason);
+    throw UsageError(log.lines().join(QLatin1String("; ")));
 }
 
 /// What events and closed views have left behind.
@@ -88,7 +83,7 @@ void Session::openFile(const QString& file)
 {
     const KeptLog log;
     if (!m_host.delegate().openFile(QFileInfo(file).absoluteFilePath(), false))
-        refusePicture(file, log);
+        refusePicture(log);
 }
 
 void Session::loadImage(const QString& name, const QString& file)
@@ -96,7 +91,7 @@ void Session::loadImage(const QString& name, const QString& file)
     const KeptLog log;
     std::unique_ptr<CxImageData> image = readImageFile(QFileInfo(file).absoluteFilePath());
     if (!image)
-        refusePicture(file, log);
+        refusePicture(log);
     m_images.push_back({name, std::move(image)});
 }
 

@@ -102,6 +102,14 @@ class Output(ProgramTest):
 
 
 class Errors(ProgramTest):
+    def test_the_log_says_why_a_file_was_not_opened(self):
+        result = self.run_text("import vistrel\nvistrel.open_file('nowhere.png')\n")
+        self.assertEqual(result.returncode, 1)
+        self.assertIn('nowhere.png": there is no such file\n', result.stderr)
+        self.script("text", "notes.txt")
+        result = self.run_text("import vistrel\nvistrel.open_file('notes.txt')\n")
+        self.assertIn('notes.txt": no picture format goes by its name\n', result.stderr)
+
     def test_they_come_after_the_output_of_their_run(self):
         first = self.script("print('1')\n1/0", "first.py")
         second = self.script("print('2')\n[][1]", "second.py")
