@@ -87,6 +87,34 @@ TEST_F(ImageFiles, AReaderThatReadsNothingLeavesTheObjectEmpty)
     EXPECT_EQ(load(), QLatin1String(emptyAfterwards));
 }
 
+TEST_F(ImageFiles, AReadImageThatCannotBeCopiedLeavesTheObjectEmpty)
+{
+    class Uncopyable : public CxImageData {
+    public:
+        QObject* clone(int flags, int reserved) override
+        {
+            EXPECT_EQ(flags, 0);
+            EXPECT_EQ(reserved, 0);
+            return new QObject;
+        }
+    } uncopyable;
+    MockLoader& reader = expectLoader();
+    EXPECT_CALL(reader, load()).WillOnce(Return(true));
+    EXPECT_CALL(reader, loadedObject()).WillOnce(Return(&uncopyable));
+    EXPECT_EQ(load(), QLatin1String(emptyAfterwards));
+}
+
+TEST_F(ImageFiles, SavingResolvesThePath)
+{
+    const QTemporaryDir folder;
+    const QString resolved = folder.filePath(QStringLiteral("resolved.png"));
+    auto* saver = new testing::NiceMock<MockSaver>;
+    EXPECT_CALL(environment, resolvePath(QStringLiteral("given.png"))).WillOnce(Return(resolved));
+    EXPECT_CALL(formats, saverForFile(resolved)).WillOnce(Return(saver));
+    EXPECT_EQ(run("i = vistrel.Image()\ni.alloc(1, 1, 1, 8)\ni.save_to_file('given.png')"),
+              QString());
+}
+
 TEST_F(ImageFiles, AnEmptyObjectCanBeFilledAgain)
 {
     EXPECT_CALL(expectLoader(), load()).WillOnce(Return(false));

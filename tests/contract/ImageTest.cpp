@@ -288,6 +288,23 @@ TEST_F(ImageObject, NumpyPictureHasRedAndBlueSwappedAndTheAcquisitionRecord)
     EXPECT_EQ(value("list(bytes(p)[:6])"), QStringLiteral("[1, 2, 3, 4, 5, 6]"));
 }
 
+TEST_F(ImageObject, WrongArgumentsAreErrorsOfTheParser)
+{
+    for (const char* call :
+         {"alloc()", "alloc(1, 2, 3)", "alloc(1, 2, 3, 4, 5)", "alloc('1', 2, 3, 4)",
+          "get_image_data_numpy(1, 2)", "from_file()", "from_file(5)", "get_width(1)"}) {
+        const QString last = error(("vistrel.Image()." + std::string(call)).c_str());
+        EXPECT_TRUE(last.startsWith(QLatin1String("TypeError: "))) << call << qPrintable(last);
+    }
+}
+
+TEST_F(ImageObject, AnyTruthValueKeepsTheOrder)
+{
+    bind(makeImage(2, 1, 3, ExImageDataType::UInt8, 8));
+    EXPECT_EQ(value("[p.get_image_data_numpy(x) is p for x in ('yes', [], 0.5, None)]"),
+              QStringLiteral("[True, False, True, False]"));
+}
+
 TEST_F(ImageObject, ANewCopyIsIndependent)
 {
     bind(makeImage(4, 3, 1, ExImageDataType::UInt8, 8)).picBuf()->frameNumber = 17;

@@ -280,6 +280,39 @@ TEST_F(Run, AThrowingStartHookEndsTheRunBeforeTheScript)
     EXPECT_EQ(value("3"), QStringLiteral("3")) << "the lock was released";
 }
 
+TEST_F(Run, TheStartHookIsCalledBeforeStandardErrorIsCaptured)
+{
+    run("pass");
+    static bool wasCaptured;
+    wasCaptured = true;
+    runWith(
+        "pass",
+        [](void*, void*) {
+            using GetObject = void*(const char*);
+            auto* const getObject =
+                reinterpret_cast<GetObject*>(dlsym(RTLD_DEFAULT, "PySys_GetObject"));
+            wasCaptured = getObject("stderr") != getObject("__stderr__");
+        },
+        nullptr, nullptr);
+    EXPECT_FALSE(wasCaptured);
+}
+
+TEST_F(Run, WhatARemovedNameWritesToStandardErrorIsPartOfTheResult)
+{
+    EXPECT_EQ(run("import sys\n"
+                  "class AtEnd:\n"
+                  "    def __del__(self, stream=sys.stderr): stream.write('gone')\n"
+                  "guard = AtEnd()"),
+              QStringLiteral("gone"));
+}
+
+TEST_F(Run, TheEnvironmentStaysTheLastRunsUntilTheInterpreterStops)
+{
+    run("import atexit\natexit.register(lambda vistrel=vistrel: vistrel.wait(0.75))");
+    EXPECT_CALL(environment, wait(0.75));
+    destroyPlugin();
+}
+
 TEST_F(Run, SysExitEndsTheScriptAndSaysNothingForZeroAndNone)
 {
     EXPECT_EQ(run("import sys\nprint('a')\nsys.exit()\nprint('b')"), QString());

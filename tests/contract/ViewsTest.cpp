@@ -50,6 +50,16 @@ TEST_F(Views, SaveToFileWritesTheActiveViewsImageAndDeletesTheSaver)
         << "the saver's result is not looked at";
 }
 
+TEST_F(Views, SaveToFileResolvesThePath)
+{
+    EXPECT_CALL(environment, resolvePath(QStringLiteral("given.png")))
+        .WillOnce(Return(QStringLiteral("/tmp/resolved.png")));
+    EXPECT_CALL(delegate, viewImage(7)).WillOnce(Return(picture.get()));
+    EXPECT_CALL(formats, saverForFile(QStringLiteral("/tmp/resolved.png")))
+        .WillOnce(Return(new testing::NiceMock<MockSaver>));
+    EXPECT_EQ(value("vistrel.save_to_file('given.png')"), QStringLiteral("None"));
+}
+
 TEST_F(Views, SaveToFileMakesTheFolderEvenWithoutAnImage)
 {
     const QTemporaryDir folder;
