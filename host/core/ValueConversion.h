@@ -28,7 +28,7 @@ Element nearest(Real value)
     } else if constexpr (sizeof(Element) <= 4) {
         constexpr double low = std::numeric_limits<Element>::min();
         constexpr double high = std::numeric_limits<Element>::max();
-        const auto known = value == value ? static_cast<double>(value) : 0.0;
+        const auto known = std::isnan(value) ? 0.0 : static_cast<double>(value);
         const double inRange = known < low ? low : (known > high ? high : known);
         return static_cast<Element>(nearestWhole(inRange));
     } else {
@@ -40,7 +40,7 @@ Element nearest(Real value)
             return std::numeric_limits<Element>::max();
         if (whole > low)
             return static_cast<Element>(whole);
-        return value == value ? std::numeric_limits<Element>::min() : Element{0};
+        return std::isnan(value) ? Element{0} : std::numeric_limits<Element>::min();
     }
 }
 

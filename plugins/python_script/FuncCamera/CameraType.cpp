@@ -14,7 +14,6 @@
 #include <CxCameraParameters.h>
 
 using python::guarded;
-using python::PyRef;
 using python::slotOf;
 
 PyObject* TxPyCameraType = nullptr;

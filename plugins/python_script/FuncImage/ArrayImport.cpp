@@ -96,7 +96,7 @@ void logFailedAllocation(const ArraySource& s)
     logCritical(QStringLiteral("ArrInt = cannot allocate image with dimensions: w%1 h%2 c%3 ystr%4 "
                                "xstr%5 cstr%6 bpc%7")
                     .arg(text(s.width), text(s.height), text(s.channels), text(s.lineStep),
-                         text(s.pixelStep), text(s.channelStep), text(s.elementSize * 8)));
+                         text(s.pixelStep), text(s.channelStep), text(qint64{s.elementSize} * 8)));
 }
 
 /// A type with its significant bits.
