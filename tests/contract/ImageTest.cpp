@@ -142,28 +142,29 @@ TEST_F(ImageObject, AFailingAllocatorIsRefusedEverywhere)
     EXPECT_EQ(image.picBuf()->width, 4U);
 }
 
+/// An image of a view, and an eye on the last copy that a script took of it.
+class WatchedImage : public CxImageData {
+public:
+    QObject* clone(int flags, int reserved) override
+    {
+        QObject* copy = CxImageData::clone(flags, reserved);
+        ++copies;
+        lastCopy = qobject_cast<CxImageData*>(copy);
+        return copy;
+    }
+
+    int copies = 0;
+    QPointer<CxImageData> lastCopy;
+};
+
 TEST_F(ImageObject, AllocReleasesTheImageThatItOwned)
 {
-    QPointer<CxImageData> first;
-    ON_CALL(delegate, viewImage(_)).WillByDefault([&first](int) -> CxImageData* {
-        return nullptr;
-    });
-    class Watched : public CxImageData {
-    public:
-        QPointer<CxImageData>* clonePointer = nullptr;
-        QObject* clone(int flags, int reserved) override
-        {
-            QObject* copy = CxImageData::clone(flags, reserved);
-            *clonePointer = qobject_cast<CxImageData*>(copy);
-            return copy;
-        }
-    } source;
-    source.clonePointer = &first;
+    WatchedImage source;
     ON_CALL(delegate, viewImage(_)).WillByDefault(Return(&source));
-    run("i = vistrel.get_view_image(1)\nimport emb\nemb.kept = i");
-    ASSERT_FALSE(first.isNull());
+    run("import emb\nemb.kept = vistrel.get_view_image(1)");
+    ASSERT_FALSE(source.lastCopy.isNull());
     run("import emb\nemb.kept.alloc(1, 1, 1, 8)");
-    EXPECT_TRUE(first.isNull());
+    EXPECT_TRUE(source.lastCopy.isNull());
 }
 
 TEST_F(ImageObject, ABorrowedImageIsForgottenNotDeleted)
@@ -176,22 +177,11 @@ TEST_F(ImageObject, ABorrowedImageIsForgottenNotDeleted)
 
 TEST_F(ImageObject, AnOwnedImageGoesWithItsObject)
 {
-    QPointer<CxImageData> made;
-    EXPECT_CALL(delegate, newViewWithImage(_, _)).WillRepeatedly(Return(false));
-    class Watched : public CxImageData {
-    public:
-        QPointer<CxImageData>* clonePointer = nullptr;
-        QObject* clone(int flags, int reserved) override
-        {
-            QObject* copy = CxImageData::clone(flags, reserved);
-            *clonePointer = qobject_cast<CxImageData*>(copy);
-            return copy;
-        }
-    } source;
-    source.clonePointer = &made;
+    WatchedImage source;
     ON_CALL(delegate, viewImage(_)).WillByDefault(Return(&source));
     run("i = vistrel.get_view_image(1)");
-    EXPECT_TRUE(made.isNull());
+    EXPECT_EQ(source.copies, 1);
+    EXPECT_TRUE(source.lastCopy.isNull());
 }
 
 TEST_F(ImageObject, ASecondInitEmptiesTheObjectAndKeepsItsPixelsForArrayViews)

@@ -4,32 +4,12 @@
 #include "CxPythonScriptPlugin.h"
 #include "FailingPython.h"
 #include "OutputCapture.h"
+#include "PlainEnvironment.h"
 #include "PythonTest.h"
-
-#include <IxScriptEnvironment.h>
 
 #include <gtest/gtest.h>
 
 namespace {
-
-class PlainEnvironment : public IxScriptEnvironment {
-public:
-    QList<SxApiParamDef>& apiParamDefs() override { return m_defs; }
-    QList<SxApiParamEnumVal>& apiParamEnumVals() override { return m_values; }
-    bool isApiParamName(const QString&) override { return false; }
-    QString workingDirectory() override { return {}; }
-    QString resolvePath(const QString& path) override { return path; }
-    bool isGuiThread() override { return true; }
-    void addMenuItem(QMenu*, const QString&, const QString&, const QString&) override {}
-    bool waitForNextFrame(CxMdiView*, double) override { return false; }
-    void wait(double) override {}
-    const char* functionHelp(const char*, const char*) override { return nullptr; }
-    const char* methodHelp(const char*, const char*) override { return nullptr; }
-
-private:
-    QList<SxApiParamDef> m_defs;
-    QList<SxApiParamEnumVal> m_values;
-};
 
 class Failure : public testing::Test {
 protected:

@@ -3,7 +3,7 @@
 // Help texts into method tables, without an interpreter.
 #include "CxPythonScriptPlugin.h"
 
-#include <IxScriptEnvironment.h>
+#include "PlainEnvironment.h"
 
 #include <gtest/gtest.h>
 
@@ -12,17 +12,8 @@
 namespace {
 
 /// Answers every question with one text and remembers the questions.
-class Helper : public IxScriptEnvironment {
+class Helper : public PlainEnvironment {
 public:
-    QList<SxApiParamDef>& apiParamDefs() override { return m_defs; }
-    QList<SxApiParamEnumVal>& apiParamEnumVals() override { return m_values; }
-    bool isApiParamName(const QString&) override { return false; }
-    QString workingDirectory() override { return {}; }
-    QString resolvePath(const QString& path) override { return path; }
-    bool isGuiThread() override { return true; }
-    void addMenuItem(QMenu*, const QString&, const QString&, const QString&) override {}
-    bool waitForNextFrame(CxMdiView*, double) override { return false; }
-    void wait(double) override {}
     const char* functionHelp(const char* module, const char* function) override
     {
         questions += std::string("f:") + module + "." + function + " ";
@@ -35,10 +26,6 @@ public:
     }
 
     std::string questions;
-
-private:
-    QList<SxApiParamDef> m_defs;
-    QList<SxApiParamEnumVal> m_values;
 };
 
 class FunctionHelp : public testing::Test {
