@@ -10,7 +10,7 @@ using python::PyRef;
 namespace {
 
 /// Outlives the interpreter, as in the plugin.
-AttributeIndex* g_kept = nullptr;
+AttributeIndex* volatile g_kept = nullptr;
 
 class AttributeIndexes : public PythonTest {
 protected:
