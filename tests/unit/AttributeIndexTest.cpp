@@ -5,16 +5,18 @@
 
 #include "FuncImage/AttributeIndex.h"
 
+#include <vector>
+
 using python::PyRef;
 
 namespace {
 
-/// Outlives the interpreter, as in the plugin.
-AttributeIndex* volatile g_kept = nullptr;
+/// Outlive the interpreter, as in the plugin.
+std::vector<AttributeIndex*> g_kept;
 
 class AttributeIndexes : public PythonTest {
 protected:
-    AttributeIndex& index = *(g_kept = new AttributeIndex);
+    AttributeIndex& index = *g_kept.emplace_back(new AttributeIndex);
 
     int find(const char* name) { return index.find(PyRef::take(PyUnicode_FromString(name)).get()); }
     int findInterned(const char* name)
