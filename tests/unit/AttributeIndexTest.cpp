@@ -5,18 +5,18 @@
 
 #include "FuncImage/AttributeIndex.h"
 
-#include <vector>
-
 using python::PyRef;
+
+/// Outlives the interpreter, as in the plugin. Visible outside, or the store would be left out and
+/// the leak check would miss it.
+extern AttributeIndex* g_keptIndex;
+AttributeIndex* g_keptIndex = nullptr;
 
 namespace {
 
-/// Outlive the interpreter, as in the plugin.
-std::vector<AttributeIndex*> g_kept;
-
 class AttributeIndexes : public PythonTest {
 protected:
-    AttributeIndex& index = *g_kept.emplace_back(new AttributeIndex);
+    AttributeIndex& index = *(g_keptIndex = new AttributeIndex);
 
     int find(const char* name) { return index.find(PyRef::take(PyUnicode_FromString(name)).get()); }
     int findInterned(const char* name)
