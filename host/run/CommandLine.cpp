@@ -27,6 +27,10 @@ const QCommandLineOption listCamerasOption("list-cameras",
                                            "cameras found, and exit.");
 const QCommandLineOption imageOption("image", "Give scripts an image under a name (repeatable).",
                                      "NAME=FILE");
+const QCommandLineOption answerOption("answer",
+                                      "The next dialog's answer: the button to press or the line "
+                                      "to enter (repeatable). A dialog without one is dismissed.",
+                                      "TEXT");
 const QCommandLineOption cwdOption("cwd",
                                    "Folder of relative paths in scripts (default: the first "
                                    "script's folder).",
@@ -41,14 +45,15 @@ constexpr char examples[] = R"(
 Examples:
   vistrel-run --camera sim capture.py
   vistrel-run --open board.png --image mask=mask.png --cwd results measure.py report.py
+  vistrel-run --camera sim --answer 4711 --answer OK inspect.py
 )";
 
 void addOptions(QCommandLineParser& parser)
 {
     parser.setApplicationDescription(
         "Runs Python scripts in the reference host, without a screen, one after the other.");
-    parser.addOptions({openOption, cameraOption, listCamerasOption, imageOption, cwdOption,
-                       pythonHomeOption, pluginOption, versionOption, helpOption});
+    parser.addOptions({openOption, cameraOption, listCamerasOption, imageOption, answerOption,
+                       cwdOption, pythonHomeOption, pluginOption, versionOption, helpOption});
     parser.addPositionalArgument("SCRIPT", "Python file; - reads standard input.", "SCRIPT...");
 }
 
@@ -125,6 +130,7 @@ CommandLine CommandLine::parse(const QStringList& arguments)
     result.cameras = parser.values(cameraOption);
     for (const QString& image : parser.values(imageOption))
         result.images.append(namedImage(image));
+    result.answers = parser.values(answerOption);
     result.workingDirectory = parser.isSet(cwdOption) ? existingFolder(parser.value(cwdOption))
                                                       : folderOf(result.scripts.constFirst());
     result.pythonHome = parser.value(pythonHomeOption);

@@ -18,6 +18,7 @@ struct CommandLine {
     QStringList openFiles;
     QStringList cameras;
     QList<std::pair<QString, QString>> images; ///< name and file
+    QStringList answers;                       ///< of dialogs, in their order
     QString workingDirectory;                  ///< absolute
     QString pythonHome;                        ///< empty: the interpreter's own
     QString plugin;                            ///< empty: the one beside the program

@@ -59,6 +59,7 @@ void handlePendingEvents()
 Session::Session(const CommandLine& commandLine)
     : m_scripts(readScripts(commandLine.scripts))
     , m_pythonHome(commandLine.pythonHome)
+    , m_answers(commandLine.answers)
 {
     QString error;
     if (!m_engine.load(commandLine.plugin, error))

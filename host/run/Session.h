@@ -3,6 +3,7 @@
 // One call of the program: everything is made ready, then the scripts run.
 #pragma once
 
+#include "app/DialogAnswers.h"
 #include "app/HostApplication.h"
 #include "app/ScriptEngine.h"
 #include "run/CommandLine.h"
@@ -37,6 +38,7 @@ private:
     std::vector<QString> m_scripts;
     QString m_pythonHome;
     HostApplication m_host;
+    DialogAnswers m_answers;
     std::vector<NamedImage> m_images;
     ScriptEngine m_engine; // last: the interpreter ends before what it uses
 };
