@@ -10,11 +10,9 @@
 
 #include <CxImageData.h>
 
-#include <QtCore/QDebug>
 #include <QtCore/QFileInfo>
 #include <QtWidgets/QMdiArea>
 #include <QtWidgets/QMdiSubWindow>
-#include <QtWidgets/QStatusBar>
 
 #include <algorithm>
 #include <utility>
@@ -23,7 +21,6 @@ namespace vistrel {
 
 namespace {
 
-constexpr int notificationMs = 5000;
 constexpr qsizetype recentFilesKept = 10;
 
 } // namespace
@@ -50,9 +47,11 @@ QMenu* AppDelegate::menu(int which) { return window().menu(which); }
 
 void AppDelegate::showNotification(const QString& text)
 {
-    if (m_window)
-        m_window->statusBar()->showMessage(text, notificationMs);
-    qInfo().noquote() << text;
+    if (m_window && m_window->isVisible())
+        m_window->notify(text);
+    else
+        logInfo(text);
+    Q_EMIT notified(text);
 }
 
 int AppDelegate::activeViewId() { return m_views.activeId(); }
@@ -62,7 +61,7 @@ void AppDelegate::activateView(int id)
     ImageView* view = m_views.find(id);
     if (!view)
         return;
-    m_views.setActive(view);
+    setActive(view);
     window().area()->setActiveSubWindow(qobject_cast<QMdiSubWindow*>(view->parentWidget()));
 }
 
@@ -115,10 +114,7 @@ void AppDelegate::setViewImage(int id, CxImageData* image)
 
 CxImageData* AppDelegate::viewImage(int id) { return m_views.imageOf(id); }
 
-void AppDelegate::playSound(const QString& path)
-{
-    logError(tr("Sounds are not available: %1 was not played").arg(path));
-}
+void AppDelegate::playSound(const QString& path) { m_sounds.play(path); }
 
 ImageView* AppDelegate::openView(const QString& title, std::unique_ptr<CxImageData> image)
 {
@@ -129,6 +125,7 @@ ImageView* AppDelegate::openView(const QString& title, std::unique_ptr<CxImageDa
     subWindow->setAttribute(Qt::WA_DeleteOnClose);
     m_views.add(view);
     subWindow->show();
+    Q_EMIT viewOpened(view);
     activateView(view->id());
     return view;
 }
@@ -136,14 +133,29 @@ ImageView* AppDelegate::openView(const QString& title, std::unique_ptr<CxImageDa
 void AppDelegate::dropView(ImageView* view)
 {
     m_views.remove(view);
+    Q_EMIT viewClosed(view);
     activateView(m_views.activeId());
+    tellActiveView();
+}
+
+void AppDelegate::setActive(ImageView* view)
+{
+    m_views.setActive(view);
+    tellActiveView();
+}
+
+void AppDelegate::tellActiveView()
+{
+    const int id = m_views.activeId();
+    if (std::exchange(m_toldActiveView, id) != id)
+        Q_EMIT activeViewChanged(id);
 }
 
 void AppDelegate::followArea(QMdiSubWindow* activated)
 {
     // The area reports that none is active also when the whole window is left: that is ignored.
     if (activated)
-        m_views.setActive(qobject_cast<ImageView*>(activated->widget()));
+        setActive(qobject_cast<ImageView*>(activated->widget()));
 }
 
 void AppDelegate::rememberFile(const QString& path)

@@ -3,6 +3,7 @@
 // The application as plugins see it: main window, views, files and live cameras.
 #pragma once
 
+#include "app/Sounds.h"
 #include "app/ViewList.h"
 
 #include <IxAppDelegate.h>
@@ -54,11 +55,23 @@ public:
     ImageView* imageView(int id) const { return m_views.find(id); }
     /// Files opened last, the newest first.
     const QStringList& recentFiles() const { return m_recentFiles; }
+    Sounds& sounds() { return m_sounds; }
+
+Q_SIGNALS:
+    void viewOpened(ImageView* view);
+    /// The view is about to go; nobody finds it by its id any more.
+    void viewClosed(ImageView* view);
+    /// -1 stands for none.
+    void activeViewChanged(int id);
+    /// A script has told the user something.
+    void notified(const QString& text);
 
 private:
     MainWindow& window();
     ImageView* openView(const QString& title, std::unique_ptr<CxImageData> image);
     void dropView(ImageView* view);
+    void setActive(ImageView* view);
+    void tellActiveView();
     void followArea(QMdiSubWindow* activated);
     void rememberFile(const QString& path);
     ImageView* liveView(void* cameraHandle) const;
@@ -67,7 +80,9 @@ private:
 
     CameraManager& m_cameras;
     ViewList m_views;
+    int m_toldActiveView = -1; // what activeViewChanged() said last
     QStringList m_recentFiles;
+    Sounds m_sounds;
     std::unique_ptr<MainWindow> m_window;
 };
 

@@ -3,6 +3,8 @@
 // Looks into dialogs by the widgets that they are made of.
 #include "app/DialogParts.h"
 
+#include "app/Mnemonics.h"
+
 #include <QtCore/QPointer>
 #include <QtGui/QTextDocumentFragment>
 #include <QtWidgets/QAbstractButton>
@@ -19,18 +21,6 @@
 namespace vistrel {
 
 namespace {
-
-/// "&Save && quit" is shown as "Save & quit".
-QString withoutMnemonics(const QString& text)
-{
-    QString shown;
-    for (qsizetype i = 0; i < text.size(); ++i) {
-        if (text[i] == u'&' && ++i == text.size())
-            break;
-        shown += text[i];
-    }
-    return shown;
-}
 
 QString inOneLine(const QString& text)
 {

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "app/AppDelegate.h"
+#include "app/ErrorLog.h"
 #include "app/ScriptEnvironment.h"
 #include "cameras/CameraManager.h"
 #include "core/HostSingletons.h"
@@ -20,12 +21,14 @@ public:
     HostApplication() = default;
     Q_DISABLE_COPY_MOVE(HostApplication)
 
+    ErrorLog& errorLog() { return m_errorLog; }
     CameraManager& cameras() { return m_cameras; }
     AppDelegate& delegate() { return m_delegate; }
     ScriptEnvironment& environment() { return m_environment; }
 
 private:
     // In this order: views stop streams of cameras, and nobody finds what is about to go.
+    ErrorLog m_errorLog;
     ImageFormatManager m_formats;
     CameraManager m_cameras;
     AppDelegate m_delegate{m_cameras};

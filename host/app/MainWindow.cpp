@@ -3,6 +3,8 @@
 // Parts of the main window.
 #include "app/MainWindow.h"
 
+#include "app/Notification.h"
+
 #include <QtWidgets/QMdiArea>
 #include <QtWidgets/QMenu>
 #include <QtWidgets/QMenuBar>
@@ -18,6 +20,7 @@ constexpr QSize initialSize(1200, 800);
 MainWindow::MainWindow()
     : m_area(new QMdiArea(this))
     , m_scriptsMenu(menuBar()->addMenu(tr("&Scripts")))
+    , m_notification(new Notification(*this))
 {
     // When a view is closed, the one that was active before it follows.
     m_area->setActivationOrder(QMdiArea::ActivationHistoryOrder);
@@ -26,5 +29,7 @@ MainWindow::MainWindow()
 }
 
 QMenu* MainWindow::menu(int which) const { return which == ScriptsMenu ? m_scriptsMenu : nullptr; }
+
+void MainWindow::notify(const QString& text) { m_notification->announce(text); }
 
 } // namespace vistrel

@@ -9,6 +9,8 @@ class QMdiArea;
 
 namespace vistrel {
 
+class Notification;
+
 /// Made hidden; the program that has a screen shows it.
 class MainWindow : public QMainWindow {
     Q_OBJECT
@@ -22,10 +24,13 @@ public:
     QMdiArea* area() const { return m_area; }
     /// The menu of that number; null when there is none.
     QMenu* menu(int which) const;
+    /// Shows a passing message.
+    void notify(const QString& text);
 
 private:
     QMdiArea* m_area;
     QMenu* m_scriptsMenu;
+    Notification* m_notification;
 };
 
 } // namespace vistrel

@@ -5,6 +5,7 @@
 
 #include "app/EventWait.h"
 #include "app/ImageView.h"
+#include "app/ScriptMenu.h"
 #include "cameras/ParameterNames.h"
 #include "core/Log.h"
 #include "help/HelpTexts.h"
@@ -62,19 +63,18 @@ bool ScriptEnvironment::isGuiThread()
 }
 
 void ScriptEnvironment::addMenuItem(QMenu* menu, const QString& title, const QString& script,
-                                    const QString& extra)
+                                    const QString& shortcut)
 {
-    // Resolved now: the folder may be another one when the entry is chosen.
     const QString path = resolvePath(script);
-    const QAction* action = menu->addAction(title);
-    QObject::connect(action, &QAction::triggered, menu,
-                     [this, path, extra] { runMenuItem(path, extra); });
+    QAction* entry = addScriptEntry(*menu, title, shortcut);
+    entry->setStatusTip(path);
+    QObject::connect(entry, &QAction::triggered, menu, [this, path] { runMenuItem(path); });
 }
 
-void ScriptEnvironment::runMenuItem(const QString& path, const QString& extra) const
+void ScriptEnvironment::runMenuItem(const QString& path) const
 {
     if (m_menuHandler)
-        m_menuHandler(path, extra);
+        m_menuHandler(path);
     else
         logError(QObject::tr("Nothing runs scripts from menus: %1").arg(path));
 }

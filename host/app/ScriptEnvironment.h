@@ -12,9 +12,8 @@ namespace vistrel {
 
 class ScriptEnvironment : public IxScriptEnvironment {
 public:
-    /// Runs a script file that was chosen in a menu. `path` is absolute, `extra` as the script
-    /// gave it that made the entry.
-    using MenuHandler = std::function<void(const QString& path, const QString& extra)>;
+    /// Runs a script file that was chosen in a menu. `path` is absolute.
+    using MenuHandler = std::function<void(const QString& path)>;
 
     ScriptEnvironment();
 
@@ -30,15 +29,17 @@ public:
     QString workingDirectory() override;
     QString resolvePath(const QString& path) override;
     bool isGuiThread() override;
+    /// The script's path is resolved now, because the folder may be another one when the entry is
+    /// chosen. `shortcut` is what scripts give as extra text; see addScriptEntry.
     void addMenuItem(QMenu* menu, const QString& title, const QString& script,
-                     const QString& extra) override;
+                     const QString& shortcut) override;
     bool waitForNextFrame(CxMdiView* view, double timeout) override;
     void wait(double seconds) override;
     const char* functionHelp(const char* module, const char* function) override;
     const char* methodHelp(const char* type, const char* method) override;
 
 private:
-    void runMenuItem(const QString& path, const QString& extra) const;
+    void runMenuItem(const QString& path) const;
 
     QList<SxApiParamDef> m_parameterNames;
     QList<SxApiParamEnumVal> m_enumValues;

@@ -31,6 +31,10 @@ const QCommandLineOption answerOption("answer",
                                       "The next dialog's answer: the button to press or the line "
                                       "to enter (repeatable). A dialog without one is dismissed.",
                                       "TEXT");
+const QCommandLineOption chooseOption("choose",
+                                      "After the scripts, choose an entry that they have added to "
+                                      "the menu: its title, or MENU/TITLE (repeatable).",
+                                      "ENTRY");
 const QCommandLineOption cwdOption("cwd",
                                    "Folder of relative paths in scripts (default: the first "
                                    "script's folder).",
@@ -53,7 +57,8 @@ void addOptions(QCommandLineParser& parser)
     parser.setApplicationDescription(
         "Runs Python scripts in the reference host, without a screen, one after the other.");
     parser.addOptions({openOption, cameraOption, listCamerasOption, imageOption, answerOption,
-                       cwdOption, pythonHomeOption, pluginOption, versionOption, helpOption});
+                       chooseOption, cwdOption, pythonHomeOption, pluginOption, versionOption,
+                       helpOption});
     parser.addPositionalArgument("SCRIPT", "Python file; - reads standard input.", "SCRIPT...");
 }
 
@@ -131,6 +136,7 @@ CommandLine CommandLine::parse(const QStringList& arguments)
     for (const QString& image : parser.values(imageOption))
         result.images.append(namedImage(image));
     result.answers = parser.values(answerOption);
+    result.chosenEntries = parser.values(chooseOption);
     result.workingDirectory = parser.isSet(cwdOption) ? existingFolder(parser.value(cwdOption))
                                                       : folderOf(result.scripts.constFirst());
     result.pythonHome = parser.value(pythonHomeOption);

@@ -19,6 +19,7 @@ struct CommandLine {
     QStringList cameras;
     QList<std::pair<QString, QString>> images; ///< name and file
     QStringList answers;                       ///< of dialogs, in their order
+    QStringList chosenEntries;                 ///< of the script menu
     QString workingDirectory;                  ///< absolute
     QString pythonHome;                        ///< empty: the interpreter's own
     QString plugin;                            ///< empty: the one beside the program

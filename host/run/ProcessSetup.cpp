@@ -33,8 +33,9 @@ bool keep(const QString& line)
     return keptLines.has_value();
 }
 
-/// What Qt says where there is no desktop, and nobody here needs to know.
+/// What Qt says where there is no desktop, and nobody here needs to know or is told better.
 constexpr std::array noDesktopLines = {
+    QLatin1String("PulseAudioService: pa_context_connect() failed"),
     QLatin1String("QStandardPaths: XDG_RUNTIME_DIR not set"),
     QLatin1String("This plugin does not support propagateSizeHints"),
 };

@@ -1,14 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The Vistrel Python scripting authors
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Reads and checks script texts.
+// Where a script's text comes from.
 #include "run/ScriptSource.h"
 
+#include "app/ScriptFile.h"
 #include "run/UsageError.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QFile>
-#include <QtCore/QFileInfo>
-#include <QtCore/QStringDecoder>
 
 #include <unistd.h>
 
@@ -18,54 +17,31 @@ namespace {
 
 QString tr(const char* text) { return QCoreApplication::translate("ScriptSource", text); }
 
-[[noreturn]] void refuse(const QString& name, const QString& reason)
-{
-    throw UsageError(tr("cannot read script %1: %2").arg(name, reason));
-}
-
-QByteArray readAll(QFile& file, const QString& name)
-{
-    QByteArray bytes = file.readAll();
-    if (file.error() != QFileDevice::NoError)
-        refuse(name, file.errorString());
-    return bytes;
-}
-
-QByteArray readFile(const QString& name)
-{
-    if (name.isEmpty())
-        throw UsageError(tr("the name of a script is empty"));
-    if (QFileInfo(name).isDir())
-        refuse(name, tr("it is a folder"));
-    QFile file(name);
-    if (!file.open(QIODevice::ReadOnly))
-        refuse(name, file.errorString());
-    return readAll(file, name);
-}
-
-QByteArray readStandardInput(const QString& name)
+std::optional<QString> readStandardInput(QString& error)
 {
     QFile file;
-    if (!file.open(STDIN_FILENO, QIODevice::ReadOnly | QIODevice::Unbuffered))
-        refuse(name, file.errorString());
-    return readAll(file, name);
+    const bool isOpen = file.open(STDIN_FILENO, QIODevice::ReadOnly | QIODevice::Unbuffered);
+    const QByteArray bytes = isOpen ? file.readAll() : QByteArray();
+    if (file.error() == QFileDevice::NoError)
+        return scriptText(bytes, error);
+    error = file.errorString();
+    return {};
 }
 
 } // namespace
 
 QString readScript(const QString& file)
 {
+    if (file.isEmpty())
+        throw UsageError(tr("the name of a script is empty"));
     const bool isInput = file == QLatin1String("-");
     const QString name = isInput ? tr("from standard input") : file;
-    const QByteArray bytes = isInput ? readStandardInput(name) : readFile(name);
-    if (bytes.contains('\0'))
-        refuse(name, tr("it holds NUL bytes"));
-
-    QStringDecoder decode(QStringDecoder::Utf8); // leaves a byte order mark out
-    QString text = decode(bytes);
-    if (decode.hasError())
-        refuse(name, tr("it is not UTF-8"));
-    return text;
+    QString error;
+    const std::optional<QString> text =
+        isInput ? readStandardInput(error) : readScriptFile(file, error);
+    if (!text)
+        throw UsageError(tr("cannot read script %1: %2").arg(name, error));
+    return *text;
 }
 
 } // namespace vistrel

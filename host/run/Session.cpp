@@ -4,6 +4,8 @@
 #include "run/Session.h"
 
 #include "app/ImageFile.h"
+#include "app/MainWindow.h"
+#include "app/ScriptMenu.h"
 #include "run/ProcessSetup.h"
 #include "run/ScriptSource.h"
 #include "run/StandardStreams.h"
@@ -12,17 +14,23 @@
 #include <QtCore/QCoreApplication>
 #include <QtCore/QEvent>
 #include <QtCore/QFileInfo>
+#include <QtGui/QAction>
+#include <QtWidgets/QMenu>
 
+#include <chrono>
 #include <utility>
 
 namespace vistrel {
 
 namespace {
 
+/// What still plays after the last script is heard, unless it takes that long.
+constexpr auto longestSound = std::chrono::seconds(10);
+
 bool outputFailed = false;
 
 /// Receives the scripts' output. The first failure is reported, and ends every run that writes.
-void onOutput(const QString& text, bool)
+void onOutput(const QString& text)
 {
     try {
         writeOutput(text);
@@ -58,9 +66,14 @@ void handlePendingEvents()
 
 Session::Session(const CommandLine& commandLine)
     : m_scripts(readScripts(commandLine.scripts))
-    , m_pythonHome(commandLine.pythonHome)
+    , m_chosenEntries(commandLine.chosenEntries)
     , m_answers(commandLine.answers)
 {
+    m_runs.setPythonHome(commandLine.pythonHome);
+    m_runs.setOutput(onOutput);
+    QObject::connect(&m_runs, &ScriptRuns::ended,
+                     [this](const QString&, const QString& errors) { finishRun(errors); });
+    QObject::connect(&m_runs, &ScriptRuns::refused, [this] { m_failed = true; });
     QString error;
     if (!m_engine.load(commandLine.plugin, error))
         throw UsageError(error);
@@ -100,10 +113,12 @@ bool Session::run()
 {
     if (!bindImages())
         return false;
-    bool succeeded = true;
     for (const QString& script : m_scripts)
-        succeeded = runScript(script) && succeeded;
-    return succeeded && !outputFailed;
+        runScript(script);
+    for (const QString& entry : m_chosenEntries)
+        choose(entry);
+    m_host.delegate().sounds().waitUntilSilent(longestSound);
+    return !m_failed && !outputFailed;
 }
 
 bool Session::bindImages()
@@ -120,11 +135,28 @@ bool Session::bindImages()
 
 bool Session::runScript(const QString& script)
 {
-    const QString errors = m_engine.run(script, m_host.environment(), m_pythonHome, onOutput);
+    const bool succeeded = m_runs.run(script);
+    handlePendingEvents();
+    return succeeded;
+}
+
+void Session::choose(const QString& entry)
+{
+    QAction* action = findScriptEntry(*m_host.delegate().menu(MainWindow::ScriptsMenu), entry);
+    if (action) {
+        action->trigger();
+    } else {
+        m_failed = true;
+        writeError(QStringLiteral("vistrel-run: the script menu has no entry ") + entry);
+    }
+    handlePendingEvents();
+}
+
+void Session::finishRun(const QString& errors)
+{
+    m_failed = m_failed || !errors.isEmpty();
     if (!errors.isEmpty())
         writeError(errors);
-    handlePendingEvents();
-    return errors.isEmpty();
 }
 
 } // namespace vistrel

@@ -6,6 +6,7 @@
 #include "app/DialogAnswers.h"
 #include "app/HostApplication.h"
 #include "app/ScriptEngine.h"
+#include "app/ScriptRuns.h"
 #include "run/CommandLine.h"
 
 #include <CxImageData.h>
@@ -20,7 +21,8 @@ public:
     /// Checks and opens all that the command line names. Throws UsageError.
     explicit Session(const CommandLine& commandLine);
 
-    /// Runs the scripts; whether none of them wrote to standard error.
+    /// Runs the scripts, then what is to be chosen in the menu; whether nothing failed and none of
+    /// them wrote to standard error.
     bool run();
 
 private:
@@ -34,13 +36,17 @@ private:
     void loadImage(const QString& name, const QString& file);
     bool bindImages();
     bool runScript(const QString& script);
+    void choose(const QString& entry);
+    void finishRun(const QString& errors);
 
     std::vector<QString> m_scripts;
-    QString m_pythonHome;
+    QStringList m_chosenEntries;
+    bool m_failed = false;
     HostApplication m_host;
     DialogAnswers m_answers;
     std::vector<NamedImage> m_images;
-    ScriptEngine m_engine; // last: the interpreter ends before what it uses
+    ScriptEngine m_engine; // last but one: the interpreter ends before what it uses
+    ScriptRuns m_runs{m_engine, m_host.environment()};
 };
 
 } // namespace vistrel

@@ -18,7 +18,7 @@ class Information(ProgramTest):
     def test_help_names_every_option(self):
         result = self.call("--help")
         self.assertEqual((result.returncode, result.stderr), (0, ""))
-        for option in ("open", "camera", "list-cameras", "image", "answer", "cwd", "python-home", "plugin",
+        for option in ("open", "camera", "list-cameras", "image", "answer", "choose", "cwd", "python-home", "plugin",
                        "version", "help"):
             self.assertIn(f"--{option}", result.stdout)
 
@@ -52,7 +52,7 @@ class WrongUsage(ProgramTest):
         self.assert_refused(self.run_text(PRINTS, "--no-such-option"), "no-such-option")
 
     def test_an_option_needs_its_value(self):
-        for option in ("--open", "--camera", "--image", "--answer", "--cwd", "--python-home", "--plugin"):
+        for option in ("--open", "--camera", "--image", "--answer", "--choose", "--cwd", "--python-home", "--plugin"):
             with self.subTest(option):
                 self.assert_refused(self.call(self.script(PRINTS), option), option)
 

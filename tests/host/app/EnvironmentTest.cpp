@@ -111,16 +111,15 @@ TEST_F(Environment, TellsTheGuiThreadFromOthers)
 TEST_F(Environment, RunsAMenuEntrysScriptByTheHandler)
 {
     QStringList calls;
-    environment.setMenuHandler(
-        [&calls](const QString& path, const QString& extra) { calls << path << extra; });
+    environment.setMenuHandler([&calls](const QString& path) { calls << path; });
     environment.setWorkingDirectory(QStringLiteral("/scripts"));
     environment.addMenuItem(app.menu(3), QStringLiteral("Run it"), QStringLiteral("it.py"),
-                            QStringLiteral("more"));
+                            QString());
     environment.setWorkingDirectory(QStringLiteral("/elsewhere"));
     ASSERT_EQ(app.menu(3)->actions().size(), 1);
     EXPECT_EQ(app.menu(3)->actions().constFirst()->text(), QStringLiteral("Run it"));
     app.menu(3)->actions().constFirst()->trigger();
-    EXPECT_EQ(calls, QStringList({"/scripts/it.py", "more"}));
+    EXPECT_EQ(calls, QStringList("/scripts/it.py"));
 }
 
 TEST_F(Environment, OnlyLogsAMenuEntryWithoutAHandler)

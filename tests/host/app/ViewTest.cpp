@@ -10,7 +10,6 @@
 #include <QtWidgets/QMdiArea>
 #include <QtWidgets/QMdiSubWindow>
 #include <QtWidgets/QMenu>
-#include <QtWidgets/QStatusBar>
 
 #include <atomic>
 #include <thread>
@@ -286,14 +285,6 @@ TEST_F(Window, HasAMenuForScriptsAtThree)
     EXPECT_EQ(app.menu(-1), nullptr);
 }
 
-TEST_F(Window, ShowsNotificationsInItsStatusBar)
-{
-    auto* window = static_cast<MainWindow*>(app.mainWindow());
-    const LogLines log;
-    app.showNotification(QStringLiteral("done"));
-    EXPECT_EQ(window->statusBar()->currentMessage(), QStringLiteral("done"));
-}
-
 TEST_F(Window, FillsTheScreenWithoutBeingShown)
 {
     app.setFullScreen(true);
@@ -315,10 +306,24 @@ TEST_F(Window, TilesItsViewsSideBySide)
     EXPECT_FALSE(windows[0]->geometry().intersects(windows[1]->geometry()));
 }
 
-TEST_F(Window, NamesTheSoundThatItCannotPlay)
+TEST_F(View, IsToldWhenItOpensAndCloses)
 {
-    const LogLines log;
-    app.playSound(QStringLiteral("/sounds/bell.wav"));
-    ASSERT_EQ(log.errors().size(), 1);
-    EXPECT_TRUE(log.errors().constFirst().contains(QStringLiteral("/sounds/bell.wav")));
+    QStringList told;
+    QObject::connect(&app, &AppDelegate::viewOpened, [&](const ImageView* view) {
+        EXPECT_EQ(app.imageView(view->id()), view);
+        told << QStringLiteral("opened %1").arg(view->id());
+    });
+    QObject::connect(&app, &AppDelegate::viewClosed, [&](const ImageView* view) {
+        EXPECT_EQ(app.imageView(view->id()), nullptr);
+        told << QStringLiteral("closed %1").arg(view->id());
+    });
+    QObject::connect(&app, &AppDelegate::activeViewChanged,
+                     [&](int id) { told << QStringLiteral("active %1").arg(id); });
+    openView();
+    openView();
+    app.activateView(0);
+    app.view(0)->closeMdiView();
+    app.view(1)->closeMdiView();
+    EXPECT_EQ(told, QStringList({"opened 0", "active 0", "opened 1", "active 1", "active 0",
+                                 "closed 0", "active 1", "closed 1", "active -1"}));
 }
