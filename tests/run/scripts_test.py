@@ -68,6 +68,31 @@ class Inputs(ProgramTest):
         paths = [self.script(f"print({i}, bytes(a)[0])", f"{i}.py") for i in range(2)]
         self.assert_succeeds(self.call("--image", "a=" + self.picture(), *paths), "0 7\n1 7\n")
 
+    def run_with_image(self, *texts):
+        """Runs scripts one after the other, with an image called a."""
+        paths = [self.script(text, f"{i}.py") for i, text in enumerate(texts)]
+        return self.call("--image", "a=" + self.picture(), *paths)
+
+    def test_what_a_run_draws_into_an_image_stays(self):
+        self.assert_succeeds(
+            self.run_with_image("import numpy\nnumpy.asarray(a)[:] = 9", "print(bytes(a)[0])"),
+            "9\n")
+
+    def test_an_image_that_a_run_has_deleted_is_gone(self):
+        result = self.run_with_image("del a", "a")
+        self.assertEqual((result.returncode, result.stdout), (1, ""))
+        self.assertIn("name 'a' is not defined", result.stderr)
+
+    def test_an_image_that_a_run_keeps_is_the_next_ones_too(self):
+        self.assert_succeeds(
+            self.run_with_image("import sys\nsys.kept = a\ndel a",
+                                "import sys\nprint(bytes(sys.kept)[0])"), "7\n")
+
+    def test_of_two_images_with_one_name_the_last_counts(self):
+        result = self.run_text("print(bytes(a)[0])", "--image", "a=" + self.picture("5.png", 5),
+                               "--image", "a=" + self.picture("6.png", 6))
+        self.assert_succeeds(result, "6\n")
+
     def test_cameras_are_open(self):
         result = self.run_text(
             "import vistrel\n"
