@@ -8,11 +8,10 @@
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QEvent>
+#include <QtCore/QPointer>
 #include <QtCore/QTimer>
 #include <QtWidgets/QAbstractButton>
 #include <QtWidgets/QLineEdit>
-
-#include <chrono>
 
 namespace vistrel {
 
@@ -64,36 +63,40 @@ bool DialogAnswers::eventFilter(QObject* object, QEvent* event)
     if (event->type() != QEvent::Show || event->spontaneous())
         return false;
     auto* widget = qobject_cast<QWidget*>(object);
-    if (widget && isModalWindow(*widget))
-        attendSoon(widget);
+    if (widget && isModalWindow(*widget)) // not now: whoever shows it is about to wait for it
+        attendIn(0ms, *widget, QDeadlineTimer(longestPatience));
     return false;
 }
 
-void DialogAnswers::attendSoon(const QPointer<QWidget>& window)
+void DialogAnswers::attendIn(std::chrono::milliseconds delay, QWidget& window,
+                             const QDeadlineTimer& patience)
 {
-    // Not now: whoever shows it is about to wait for it.
-    const QDeadlineTimer patience(longestPatience);
-    QTimer::singleShot(0, this, [this, window, patience] { attend(window, patience); });
+    auto* timer = new QTimer(&window); // goes with the window
+    timer->setSingleShot(true);
+    connect(timer, &QTimer::timeout, this, [this, timer, &window, patience] {
+        timer->deleteLater();
+        if (window.isVisible())
+            attend(window, patience);
+    });
+    timer->start(delay);
 }
 
-void DialogAnswers::attend(const QPointer<QWidget>& window, const QDeadlineTimer& patience)
+void DialogAnswers::attend(QWidget& window, const QDeadlineTimer& patience)
 {
-    if (!window || !window->isVisible())
-        return;
     if (m_answers.isEmpty()) {
-        logError(dialogSummary(*window) + tr(": dismissed, no answer is left"));
-        dismiss(*window);
+        logError(dialogSummary(window) + tr(": dismissed, no answer is left"));
+        dismiss(window);
         return;
     }
-    const QAbstractButton* button = buttonFor(m_answers.constFirst(), *window);
+    const QAbstractButton* button = buttonFor(m_answers.constFirst(), window);
     if (button && !button->isEnabled() && !patience.hasExpired()) {
-        QTimer::singleShot(lookAgainAfter, this,
-                           [this, window, patience] { attend(window, patience); });
+        attendIn(lookAgainAfter, window, patience);
         return;
     }
-    give(m_answers.takeFirst(), *window);
-    if (window && window->isVisible())
-        attendSoon(window);
+    const QPointer<QWidget> guard(&window);
+    give(m_answers.takeFirst(), window);
+    if (guard && guard->isVisible())
+        attendIn(0ms, window, QDeadlineTimer(longestPatience));
 }
 
 void DialogAnswers::give(const QString& answer, QWidget& window)

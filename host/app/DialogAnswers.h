@@ -5,9 +5,11 @@
 
 #include <QtCore/QDeadlineTimer>
 #include <QtCore/QObject>
-#include <QtCore/QPointer>
 #include <QtCore/QStringList>
-#include <QtWidgets/QWidget>
+
+#include <chrono>
+
+class QWidget;
 
 namespace vistrel {
 
@@ -34,8 +36,8 @@ public:
     bool eventFilter(QObject* object, QEvent* event) override;
 
 private:
-    void attendSoon(const QPointer<QWidget>& window);
-    void attend(const QPointer<QWidget>& window, const QDeadlineTimer& patience);
+    void attendIn(std::chrono::milliseconds delay, QWidget& window, const QDeadlineTimer& patience);
+    void attend(QWidget& window, const QDeadlineTimer& patience);
     void give(const QString& answer, QWidget& window);
 
     QStringList m_answers;
