@@ -8,7 +8,6 @@
 
 #include <opencv2/imgproc.hpp>
 
-#include <cmath>
 #include <optional>
 
 namespace {
@@ -55,13 +54,13 @@ double scaleTo8Bits(const SxPicBuf& buffer)
 {
     if (vistrel::isFloatingPoint(buffer))
         return 255.0 / (buffer.saturation > 0.0F ? static_cast<double>(buffer.saturation) : 1.0);
-    return 255.0 / (std::ldexp(1.0, static_cast<int>(buffer.bpc)) - 1.0);
+    return 255.0 / static_cast<double>(vistrel::fullScale(vistrel::significantBits(buffer)));
 }
 
 cv::Mat as8Bits(const SxPicBuf& buffer)
 {
     cv::Mat values = valuesOf(buffer);
-    const bool isDone = values.depth() == CV_8U && (buffer.bpc == 8 || buffer.bpc == 0);
+    const bool isDone = values.depth() == CV_8U && vistrel::significantBits(buffer) == 8;
     if (!isDone)
         values.convertTo(values, CV_8U, scaleTo8Bits(buffer));
     return values;

@@ -3,6 +3,8 @@
 // Picture buffers on the heap: allocate, free, copy, exchange colour channels.
 #include "core/PicBufHeap.h"
 
+#include "core/PicBufView.h"
+
 #include <CxPicBufAPI.h>
 
 #include <atomic>
@@ -164,7 +166,7 @@ void CxPicBufAPI::FreePicBuf(SxPicBuf& buffer, bool resetInfo)
 
 bool CxPicBufAPI::CopyPicBuf(SxPicBuf& target, const SxPicBuf& source, bool copyMetadata)
 {
-    if (target.data == nullptr || source.data == nullptr || !samePixels(target, source))
+    if (!vistrel::hasPixels(target) || !vistrel::hasPixels(source) || !samePixels(target, source))
         return false;
     if (target.data != source.data)
         copyLines(target, source);

@@ -25,7 +25,8 @@ void fill16(CxImageData& image, quint16 value)
     SxPicBuf& buffer = *image.picBuf();
     for (unsigned y = 0; y < buffer.height; ++y) {
         for (unsigned x = 0; x < buffer.width; ++x)
-            std::memcpy(buffer.data + y * buffer.stride + 2 * x, &value, sizeof value);
+            std::memcpy(buffer.data + std::size_t{y} * buffer.stride + sizeof value * x, &value,
+                        sizeof value);
     }
 }
 

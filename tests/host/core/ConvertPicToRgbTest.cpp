@@ -72,6 +72,13 @@ TEST(ConvertPicToRgb, MonoOfEveryTypeIsScaledByItsBits)
     EXPECT_EQ(monoPixel<double>(ExImageDataType::Double, 64, 0.2)[2], 51);
 }
 
+TEST(ConvertPicToRgb, AllBitsCountWhereTheRecordNamesNoneOrMoreThanThereAre)
+{
+    EXPECT_EQ(monoPixel<quint8>(ExImageDataType::UInt8, 0, 77)[0], 77);
+    EXPECT_EQ(monoPixel<quint16>(ExImageDataType::UInt16, 0, 32768)[0], 128);
+    EXPECT_EQ(monoPixel<quint16>(ExImageDataType::UInt16, 40, 65535)[0], 255);
+}
+
 TEST(ConvertPicToRgb, FloatsAreScaledByTheirSaturation)
 {
     Picture source(1, 1, 1, ExImageDataType::Float, 32);
@@ -116,7 +123,7 @@ TEST(ConvertPicToRgb, RawDataIsDemosaicedByItsPattern)
         for (unsigned y = 0; y < 8; ++y) {
             for (unsigned x = 0; x < 8; ++x) {
                 const bool isRed = (x % 2 == 1) == c.redAtX && (y % 2 == 1) == c.redAtY;
-                source.buffer().data[y * source.buffer().stride + x] = isRed ? 200 : 0;
+                source.buffer().data[std::size_t{y} * source.buffer().stride + x] = isRed ? 200 : 0;
             }
         }
         Picture target(8, 8, 4, ExImageDataType::UInt8, 8);

@@ -248,6 +248,26 @@ TEST(PictureBuffer, CopyRefusesWhatDoesNotFitAndChangesNothing)
     CxPicBufAPI::FreePicBuf(source, true);
 }
 
+TEST(PictureBuffer, CopyRefusesARecordThatHoldsNoWholeLine)
+{
+    SxPicBuf source = newBuffer({.width = 4, .height = 4, .channels = 2});
+    SxPicBuf target = newBuffer({.width = 4, .height = 4, .channels = 2});
+    fill<quint8>(source, {9});
+    const auto copies = [&](quint32 height, quint32 stride) {
+        SxPicBuf from = source; // records of their own over the same pixels
+        SxPicBuf to = target;
+        from.height = to.height = height;
+        from.stride = to.stride = stride;
+        return CxPicBufAPI::CopyPicBuf(to, from, true);
+    };
+    EXPECT_FALSE(copies(0, 8));
+    EXPECT_FALSE(copies(4, 7));
+    EXPECT_EQ(target.data[0], 0);
+    EXPECT_TRUE(copies(4, 8));
+    CxPicBufAPI::FreePicBuf(source, true);
+    CxPicBufAPI::FreePicBuf(target, true);
+}
+
 template<typename Element>
 void expectSwapped(ExImageDataType type, unsigned channels)
 {
