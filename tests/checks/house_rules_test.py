@@ -1,8 +1,9 @@
 # SPDX-FileCopyrightText: 2026 The Vistrel Python scripting authors
 # SPDX-License-Identifier: GPL-3.0-or-later
 # Rules of the source tree: who may include whom, who may touch Python's reference counts, what
-# every file begins with, how long files are.
+# every file begins with, how long files and functions are, what texts do not speak of.
 
+import ast
 import re
 import subprocess
 import unittest
@@ -14,6 +15,21 @@ SOURCE_ENDINGS = {".h", ".cpp", ".py", ".pyi", ".sh", ".cmake"}
 # Floors from the ground; a folder may include its own and lower ones.
 HOST_FLOORS = ["host/core", "host/cameras", "host/app", "host/run"]
 PLUGIN_FLOORS = [["FuncImage", "FuncCamera", "FuncGraph"], ["FuncApp"]]
+
+LONGEST_FILE = 700
+LONG_FILE = 300
+LONGEST_FUNCTION = 100
+
+# What a reader would have to look up elsewhere, and folders of somebody's machine.
+FOREIGN_TEXTS = re.compile(
+    r"\bspecified in\b|\bas specified\b|\bthe spec(ification)?\b|\b[Pp]arts? [0-9]+\.[0-9]"
+    r"|\bissue #?[0-9]|(?<![\w.])/(home|root|work|Users|tmp/wt)/")
+# Code that is no text of ours: comments, texts and characters.
+NO_CODE = re.compile(r'//[^\n]*|/\*.*?\*/|R"(\w*)\(.*?\)\1"|"(?:\\.|[^"\\\n])*"'
+                     r"|(?<!\w)'(?:\\.|[^'\\\n])+'", re.DOTALL)
+# What begins a block that is no function, though it may have parentheses.
+NO_FUNCTION = re.compile(r"\s*(inline\s+)?(namespace|class|struct|enum|union|extern)\b"
+                         r"|[^(]*(?<![=<>!])=(?!=)")
 
 
 def tracked_files() -> list[Path]:
@@ -33,6 +49,48 @@ def text_of(path: Path) -> str:
 
 def includes_of(path: Path) -> list[str]:
     return re.findall(r'^\s*#\s*include\s*["<]([^">]+)[">]', text_of(path), re.MULTILINE)
+
+
+def cpp_function_lengths(text: str) -> dict[int, int]:
+    """Lines of every outermost block with a parameter list, by the line of its first brace."""
+    code = NO_CODE.sub(lambda match: "\n" * match.group().count("\n"), text)
+    lengths: dict[int, int] = {}
+    open_blocks: list[tuple[bool, int]] = []  # whether it is a function, where it begins
+    head = 0
+    for mark in re.finditer(r"[{};]", code):
+        at = mark.start()
+        if mark.group() == "{":
+            is_value = at > 0 and (code[at - 1].isalnum() or code[at - 1] in "_>")
+            is_function = not is_value and "(" in code[head:at]
+            open_blocks.append((is_function and not NO_FUNCTION.match(code[head:at]), at))
+            if is_value:
+                continue
+        elif mark.group() == "}" and open_blocks:
+            is_function, begin = open_blocks.pop()
+            if is_function and not any(outer for outer, _ in open_blocks):
+                lengths[code.count("\n", 0, begin) + 1] = code.count("\n", begin, at) + 1
+            if code[begin - 1].isalnum() or code[begin - 1] in "_>":
+                continue
+        head = at + 1
+    return lengths
+
+
+def python_function_lengths(text: str) -> dict[int, int]:
+    return {node.lineno: (node.end_lineno or 0) - node.lineno + 1
+            for node in ast.walk(ast.parse(text)) if isinstance(node, ast.FunctionDef)}
+
+
+def function_lengths(path: Path) -> dict[int, int]:
+    if path.suffix in {".h", ".cpp"}:
+        return cpp_function_lengths(text_of(path))
+    return python_function_lengths(text_of(path)) if path.suffix == ".py" else {}
+
+
+class Measures(unittest.TestCase):
+    def test_blocks_with_parameters_are_functions(self) -> None:
+        text = ("namespace a {\nint f(int x)\n{\n    if (x) {\n        g(\"}\");\n    }\n}\n"
+                "struct S {\n    S()\n        : m{1}\n    {\n    }\n};\nint t[] = {(1)};\n}\n")
+        self.assertEqual(cpp_function_lengths(text), {3: 5, 11: 2})
 
 
 class Floors(unittest.TestCase):
@@ -76,13 +134,14 @@ class Floors(unittest.TestCase):
 
 class Habits(unittest.TestCase):
     def test_reference_counts_are_touched_by_their_owner_alone(self) -> None:
-        touching = [str(path) for path in sources_below("plugins")
-                    if re.search(r"\bPy_X?(DECREF|INCREF|CLEAR)\b|\bPy_X?NewRef\b", text_of(path))]
+        counting = re.compile(r"\bPy_(X?(DECREF|INCREF|NewRef|SETREF)|CLEAR|IncRef|DecRef)\b")
+        touching = [str(path) for path in sources_below(".")
+                    if counting.search(NO_CODE.sub("", text_of(path)))]
         self.assertEqual(touching, ["plugins/python_script/PyRef.h"])
 
     def test_no_goto(self) -> None:
         for path in sources_below("."):
-            self.assertIsNone(re.search(r"\bgoto\b\s+\w+;", text_of(path)), path)
+            self.assertNotRegex(NO_CODE.sub("", text_of(path)), r"\bgoto\b", path)
 
     def test_every_file_names_its_licence(self) -> None:
         for path in tracked_files():
@@ -94,7 +153,24 @@ class Habits(unittest.TestCase):
     def test_no_file_is_too_long(self) -> None:
         for path in tracked_files():
             if path.suffix in SOURCE_ENDINGS - {".pyi"}:
-                self.assertLessEqual(len(text_of(path).splitlines()), 700, path)
+                lines = len(text_of(path).splitlines())
+                self.assertLessEqual(lines, LONGEST_FILE, path)
+                if lines > LONG_FILE:
+                    print(f"long file: {path}, {lines} lines")
+
+    def test_no_function_is_too_long(self) -> None:
+        measured = 0
+        for path in tracked_files():
+            for line, length in function_lengths(path).items():
+                self.assertLessEqual(length, LONGEST_FUNCTION, f"{path}:{line}")
+                measured += 1
+        self.assertGreater(measured, 1000)
+
+    def test_texts_refer_to_nothing_outside_the_tree(self) -> None:
+        for path in tracked_files():
+            is_text = path.suffix in SOURCE_ENDINGS | {".md", ".txt"}
+            if is_text and path != Path(__file__).resolve().relative_to(ROOT):
+                self.assertNotRegex(text_of(path), FOREIGN_TEXTS, path)
 
     def test_error_texts_stand_once(self) -> None:
         texts: dict[str, Path] = {}
