@@ -5,6 +5,8 @@
 
 #include "core/PicBufHeap.h"
 
+#include <cstdlib>
+
 namespace {
 
 /// An object with an interface of one's own choice, and memory for it.
@@ -163,6 +165,30 @@ TEST_F(ImageImport, WithoutMemoryArraysAndListsAreRefused)
               QStringLiteral("(5, 4)"));
 }
 
+int allocationsLeft = 0;
+
+TEST_F(ImageImport, WithoutMemoryForANarrowerCopyThePictureStaysWide)
+{
+    run("pass");
+    vistrel::setPicBufAllocator([](std::size_t bytes, std::size_t) -> void* {
+        return allocationsLeft-- > 0 ? std::calloc(1, bytes) : nullptr;
+    });
+    for (const char* type : {"<u2", "<i4", "<f8"}) {
+        allocationsLeft = 1;
+        EXPECT_EQ(valueOf("form(imported(source(shape=(2, 3), typestr='" + std::string(type)
+                          + "')))[4:] == ('" + std::string(type).substr(1) + "', False)"),
+                  QStringLiteral("True"))
+            << type;
+    }
+    allocationsLeft = 1;
+    EXPECT_EQ(run("i = vistrel.Image()\n"
+                  "try: i.from_array([[1, 2]])\n"
+                  "except SystemError: print(i.__array_interface__['typestr'], end='')\n"),
+              QString());
+    EXPECT_EQ(output, QStringLiteral("|u2"));
+    vistrel::setPicBufAllocator(nullptr);
+}
+
 TEST_F(ImageImport, ElementTypesAreRefusedAndLoggedWhenTheirSizeIsUnknown)
 {
     for (const char* typestr : {"", "u", "u1", "<u3", "<i9", "<f2", "<f1", "|ux", "<u0"}) {
@@ -243,6 +269,37 @@ TEST_F(ImageImport, DataMustBeATupleWithAnAddress)
         EXPECT_EQ(refusalWith(std::string("data=") + data), nullData) << data;
     EXPECT_EQ(valueOf("lines(imported(source(data=(address,))))"),
               QStringLiteral("[[0, 1, 2], [3, 4, 5]]"));
+}
+
+TEST_F(ImageImport, MemoryThatCannotBeReadIsRefusedInsteadOfRead)
+{
+    const QString outside = QStringLiteral("Exception: the array reaches outside its memory");
+    for (const char* entries :
+         {"data=(1, False)", "data=(2**64 - 1, False)", "data=(2**64 - 5, False)",
+          "data=(2**63, True)", "shape=(2**31 - 1,)", "shape=(2**31 - 1,), strides=(2**30,)",
+          "data=(8, False), strides=(1, 10)", "strides=(-2**40 - 2**30, 1)"})
+        EXPECT_EQ(refusalWith(entries), outside) << entries;
+}
+
+TEST_F(ImageImport, AnArraysPartWhosePixelsAreReadFarOutsideItIsRefused)
+{
+    // The steps of a part are (line, pixel) to numpy, and (pixel, line) here: a wide part is read
+    // as a tall one. The array ends where the readable memory does.
+    const std::string part = "import mmap, numpy\n"
+                             "block = mmap.mmap(-1, 2**24)\n"
+                             "libc = ctypes.CDLL(None)\n"
+                             "whole = numpy.frombuffer(block, 'u1')\n"
+                             "start = whole.__array_interface__['data'][0]\n"
+                             "assert libc.mprotect(ctypes.c_void_p(start + 2**20), "
+                             "ctypes.c_size_t(2**24 - 2**20), 0) == 0\n"
+                             "lines = whole[:2**20].reshape(256, 4096)\n";
+    EXPECT_EQ(error((prelude + part + "vistrel.Image().from_array(lines[:, :4000])").c_str()),
+              QStringLiteral("Exception: the array reaches outside its memory"));
+    EXPECT_EQ(
+        run((prelude + part + "i = imported(lines[:256, :256])\nprint(i.width, i.height, end='')")
+                .c_str()),
+        QString());
+    EXPECT_EQ(output, QStringLiteral("256 256"));
 }
 
 TEST_F(ImageImport, ADictionaryThatChangesWhileItIsReadDoesNoHarm)

@@ -67,6 +67,20 @@ TEST_F(ImageListImport, OtherFirstValuesAreRefused)
         EXPECT_EQ(refusal(list), QStringLiteral("Exception: unsupported data type")) << list;
 }
 
+TEST_F(ImageListImport, MoreChannelsThanAPictureHasCannotBeAllocated)
+{
+    EXPECT_EQ(refusal("[[[1] * 65536]]"), QStringLiteral("Exception: Cannot allocate image"));
+    EXPECT_TRUE(log.last().endsWith(QLatin1String("w1 h1 c65536 bpc16")));
+}
+
+TEST_F(ImageListImport, AListThatHoldsItselfIsRefused)
+{
+    EXPECT_EQ(error("l = []\nl.append(l)\nvistrel.Image().from_array(l)"),
+              QStringLiteral("Exception: unsupported data type"));
+    EXPECT_EQ(linesOf("(lambda l: [l.append(l), l][1])([[1, 2], [3]])"),
+              QStringLiteral("[[1, 2], [3, 0], [0, 0]]"));
+}
+
 TEST_F(ImageListImport, TheDepthGivesTheGeometry)
 {
     EXPECT_EQ(formOf("[1, 2, 999]"), QStringLiteral("(1, 3, 1, 10, 'u2', False)"));

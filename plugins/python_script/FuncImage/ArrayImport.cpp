@@ -9,7 +9,6 @@
 #include <CxImageData.h>
 #include <CxPicBufAPI.h>
 
-#include <cstring>
 #include <limits>
 
 namespace {
@@ -32,62 +31,6 @@ SxPicBufInfo infoOf(const ArraySource& source)
     info.storageFormat = ExDataStorageFormat::Interleaved;
     info.isRgb = array_import::isRgbByLayout(info);
     return info;
-}
-
-/// Steps are added up in 32 bits: that is how far an array may reach.
-qint32 offsetOf(const ArraySource& source, qint64 y, qint64 x, qint64 channel)
-{
-    const auto product = [](qint64 index, qint64 step) {
-        return static_cast<quint32>(index) * static_cast<quint32>(step);
-    };
-    return static_cast<qint32>(product(y, source.lineStep) + product(x, source.pixelStep)
-                               + product(channel, source.channelStep));
-}
-
-template<std::size_t Size>
-void copyElements(const ArraySource& source, const SxPicBuf& target)
-{
-    for (qint64 y = 0; y < source.height; ++y) {
-        quint8* out = target.data + y * target.stride;
-        for (qint64 x = 0; x < source.width; ++x) {
-            for (qint64 c = 0; c < source.channels; ++c, out += Size)
-                std::memcpy(out, source.data + offsetOf(source, y, x, c), Size);
-        }
-    }
-}
-
-/// Whether the elements of a line lie side by side, as those of the target do.
-bool hasWholeLines(const ArraySource& source)
-{
-    const qint64 element = source.elementSize;
-    const qint64 pixel = element * source.channels;
-    if (source.pixelStep != pixel || (source.channels > 1 && source.channelStep != element)
-        || source.lineStep < 0 || source.lineStep > largestSize)
-        return false;
-    return source.lineStep * (source.height - 1) + pixel * source.width <= largestSize;
-}
-
-void copyLines(const ArraySource& source, const SxPicBuf& target)
-{
-    const auto bytes = static_cast<std::size_t>(source.width * source.pixelStep);
-    for (qint64 y = 0; y < source.height; ++y)
-        std::memcpy(target.data + y * target.stride, source.data + y * source.lineStep, bytes);
-}
-
-void copyPixels(const ArraySource& source, const SxPicBuf& target)
-{
-    if (source.dataType == ExImageDataType::None)
-        return;
-    if (hasWholeLines(source))
-        copyLines(source, target);
-    else if (source.elementSize == 1)
-        copyElements<1>(source, target);
-    else if (source.elementSize == 2)
-        copyElements<2>(source, target);
-    else if (source.elementSize == 4)
-        copyElements<4>(source, target);
-    else
-        copyElements<8>(source, target);
 }
 
 void logFailedAllocation(const ArraySource& s)
@@ -197,16 +140,6 @@ Narrowing narrowingOf(SxPicBuf& source)
 
 } // namespace
 
-void ArraySource::setContiguousSteps()
-{
-    const auto product = [](qint64 step, qint64 count) {
-        return static_cast<qint64>(static_cast<quint64>(step) * static_cast<quint64>(count));
-    };
-    channelStep = elementSize;
-    pixelStep = product(channelStep, channels);
-    lineStep = product(pixelStep, width);
-}
-
 bool fx_img_convertToBestBpc(SxPicBuf& target, SxPicBuf& source)
 {
     const Narrowing best = narrowingOf(source);
@@ -242,7 +175,10 @@ image_copies::NewImage imported(const ArraySource& source)
         logFailedAllocation(source);
         return Refusal{image_messages::cannotAllocate};
     }
-    copyPixels(source, buffer);
+    if (!array_pixels::copy(source, buffer)) {
+        CxPicBufAPI::FreePicBuf(buffer, true);
+        return Refusal{array_pixels::outsideMemory};
+    }
     return narrowedImage(buffer);
 }
 

@@ -4,34 +4,16 @@
 // Free of Python.
 #pragma once
 
+#include "FuncImage/ArrayPixels.h"
 #include "FuncImage/ImageCopies.h"
-
-#include <QtGlobal>
 
 struct SxPicBuf;
 struct SxPicBufInfo;
 
-/// Foreign pixels, and where each element lies: at y, x and channel times these steps in bytes.
-struct ArraySource {
-    qint64 width = 1;
-    qint64 height = 1;
-    qint64 channels = 1;
-    /// None: an element type that has no counterpart; such pixels are not copied.
-    ExImageDataType dataType = ExImageDataType::None;
-    quint32 elementSize = 1;
-    qint64 lineStep = 0;
-    qint64 pixelStep = 0;
-    qint64 channelStep = 0;
-    const quint8* data = nullptr;
-
-    /// Sets the steps of elements that lie side by side. Sizes that no picture can have may give
-    /// any steps.
-    void setContiguousSteps();
-};
-
 namespace array_import {
 
-/// A picture with the source's pixels. Refused when there is no memory for it.
+/// A picture with the source's pixels. Refused when there is no memory for it, or the source's own
+/// cannot be read.
 image_copies::NewImage imported(const ArraySource& source);
 
 /// Whether pixels of that layout are taken for red, green, blue.

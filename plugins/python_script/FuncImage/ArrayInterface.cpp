@@ -6,8 +6,6 @@
 #include "Logging.h"
 #include "PyText.h"
 
-#include <algorithm>
-#include <limits>
 #include <optional>
 #include <vector>
 
@@ -25,7 +23,6 @@ constexpr char badStrides[] = "unsupported strides in __array_interface__";
 constexpr char noData[] = "No data provided in __array_interface__";
 constexpr char dataNoTuple[] = "Data in __array_interface__ not as tuple";
 constexpr char nullData[] = "Null data provided in __array_interface__";
-constexpr char outsideMemory[] = "the array reaches outside its memory";
 
 bool isTuple(PyObject* object)
 {
@@ -175,19 +172,10 @@ Outcome<ArraySource> read(PyObject* interface)
 
 Outcome<bool> checkInside(const ArraySource& source, const quint8* block, quint64 size)
 {
-    qint64 first = source.data - block;
-    qint64 last = first + source.elementSize;
-    const auto extend = [&](qint64 count, qint64 step) {
-        const qint64 reach = (count - 1) * step;
-        (reach < 0 ? first : last) += reach;
-    };
-    extend(source.height, source.lineStep);
-    extend(source.width, source.pixelStep);
-    extend(source.channels, source.channelStep);
-    // Offsets beyond 32 bits would wrap around to places in front of the block.
-    const auto limit = std::min<quint64>(size, std::numeric_limits<qint32>::max());
-    if (first < 0 || last > static_cast<qint64>(limit))
-        return Refusal{outsideMemory};
+    const array_pixels::Reach reach = array_pixels::reachOf(source);
+    const qint64 begin = source.data - block;
+    if (begin + reach.first < 0 || begin + reach.last > static_cast<qint64>(size))
+        return Refusal{array_pixels::outsideMemory};
     return true;
 }
 
