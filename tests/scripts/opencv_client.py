@@ -21,3 +21,20 @@ whole = numpy.asarray(image).transpose(1, 0, 2)
 cv2.rectangle(whole, (10, 5), (20, 15), (0, 255, 0), thickness=-1)
 assert numpy.asarray(image)[10, 5].tolist() == [0, 255, 0]
 assert numpy.asarray(image)[21, 5].tolist() == [255, 0, 0]
+
+# What it makes comes back: other sizes, kinds and depths.
+half = cv2.resize(whole, (32, 24))
+result = vistrel.Image()
+result.from_array(half)
+assert (result.width, result.height, result.channels, result.rgb) == (32, 24, 3, True)
+assert (numpy.asarray(result).transpose(1, 0, 2) == half).all()
+grey = cv2.cvtColor(whole, cv2.COLOR_RGB2GRAY)
+gradient = cv2.Sobel(grey, cv2.CV_16S, 1, 0)
+assert gradient.min() < 0
+result.from_array(gradient)
+assert result.data_sign_mode != image.data_sign_mode
+assert (numpy.asarray(result).T == gradient).all()
+distance = cv2.distanceTransform(grey, cv2.DIST_L2, 5)
+result.from_array(distance)
+assert str(result).endswith("type: float")
+assert (numpy.asarray(result).T == distance).all()

@@ -80,8 +80,11 @@ def check_parts(image):
     assert (lines_of(image.extract_channel(channel)) == expected).all()
 
 
+paddings = set()
 for turn in range(400):
     array = random_array(TYPES[turn % len(TYPES)])
     picture = check_import(array)
     check_measurement(picture)
     check_parts(picture)
+    paddings.add(picture.padding_x)
+assert paddings == {0, 1, 2, 3}, paddings

@@ -66,6 +66,29 @@ def sixteen_bits_survive_a_round_trip():
         assert (numpy.asarray(again) == numpy.asarray(image)).all(), name
 
 
+def its_pictures_are_imported():
+    for mode, value, form in (("L", 77, (1, 8, False)), ("RGB", (1, 2, 3), (3, 8, True)),
+                              ("RGBA", (1, 2, 3, 4), (4, 8, False)), ("I", 3000, (1, 12, False)),
+                              ("I;16", 999, (1, 10, False)), ("F", 0.5, (1, 32, False))):
+        shown = PIL.Image.new(mode, (9, 7), value)
+        image = vistrel.Image()
+        image.from_array(numpy.asarray(shown))
+        assert (image.channels, image.bpc, image.rgb) == form, (mode, image)
+        assert (image.width, image.height) == (9, 7)
+        found = numpy.asarray(image)[8, 6].tolist()
+        assert found == (list(value) if isinstance(value, tuple) else value), (mode, found)
+
+
+def its_pictures_themselves_have_no_address():
+    image = colour_picture()
+    try:
+        image.from_array(PIL.Image.new("L", (9, 7)))
+        raise AssertionError("no error")
+    except Exception as error:
+        assert str(error) == "Data in __array_interface__ not as tuple", error
+    assert image.width == 6
+
+
 def a_missing_file_is_an_error_and_a_broken_one_leaves_the_object_empty():
     image = colour_picture()
     try:
@@ -78,5 +101,6 @@ def a_missing_file_is_an_error_and_a_broken_one_leaves_the_object_empty():
 
 for test in (fromarray_reads_lines, fromarray_of_a_mono_picture, a_saved_file_is_read_by_pillow,
              a_file_of_pillow_is_loaded, sixteen_bits_survive_a_round_trip,
+             its_pictures_are_imported, its_pictures_themselves_have_no_address,
              a_missing_file_is_an_error_and_a_broken_one_leaves_the_object_empty):
     test()
