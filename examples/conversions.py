@@ -24,6 +24,7 @@ middle = image.crop(image.width // 4, image.height // 4, image.width // 2, image
 print("thumbnail:", thumbnail)
 print("middle:", middle)
 print("in 12 bits:", image.convert_bpc(12))
+print("for a screen:", image.to_rgb())
 
-image.to_rgb().save_to_file("conversions.png")
+image.save_to_file("conversions.png")
 print("saved conversions.png")

@@ -1,10 +1,9 @@
 # SPDX-FileCopyrightText: 2026 The Vistrel Python scripting authors
 # SPDX-License-Identifier: GPL-3.0-or-later
-# Drawing: frame the brightest pixel of a camera picture and cross it out.
+# Drawing: a frame with a crosshair on the middle of a camera picture, and dots that show the signal.
 #
 #     vistrel-run --camera sim drawing.py
 
-import numpy
 import vistrel
 
 camera = vistrel.Camera()
@@ -15,17 +14,24 @@ if not vistrel.wait_for_next_frame(5.0, view):
 image = vistrel.get_view_image(view)
 camera.stop_acquisition()
 
-pixels = numpy.asarray(image)
-x, y = (int(n) for n in numpy.unravel_index(pixels.argmax(), pixels.shape)[:2])
-print("brightest pixel at", x, y, "with", image.get_pixel_value(x, y))
-
-# Both ends of every line must lie in the picture.
-left, right = max(x - 20, 0), min(x + 20, image.width - 1)
-top, bottom = max(y - 20, 0), min(y + 20, image.height - 1)
 white = 2 ** image.bpc - 1
-image.draw_pixel_rect(white, left, top, right, bottom)
-image.draw_pixel_line(white, left, top, right, bottom)
-image.draw_pixel_line(0, left, bottom, right, top)
+x, y = image.width // 2, image.height // 2
+reach = min(x, y) // 2
+
+# Both ends of every line must lie in the picture. A black line beside the white one shows on any
+# ground.
+for shift, value in ((0, white), (1, 0)):
+    image.draw_pixel_rect(value, x - reach + shift, y - reach + shift,
+                          x + reach + shift, y + reach + shift)
+    image.draw_pixel_line(value, x - reach, y + shift, x + reach, y + shift)
+    image.draw_pixel_line(value, x + shift, y - reach, x + shift, y + reach)
+
+# The values of the line through the middle, read pixel by pixel, as dots above it.
+line = min(y + reach // 2, image.height - 1)
+for column in range(x - reach, x + reach, 2):
+    signal = image.get_pixel_value(column, line) / white
+    image.set_pixel_value(white, column, round(line - signal * reach / 2))
+print("framed", 2 * reach, "x", 2 * reach, "pixels around", x, y)
 
 image.save_to_file("drawing.png")
 print("saved drawing.png")
