@@ -4,6 +4,7 @@
 
 option(VISTREL_BUILD_TESTS "Build the tests" ON)
 option(VISTREL_BUILD_BENCHMARKS "Build the benchmarks" ON)
+option(VISTREL_BUILD_FUZZERS "Build the fuzzers; needs clang, see the preset fuzz" OFF)
 set(VISTREL_PYTHON "/usr/bin/python3" CACHE FILEPATH
     "The Python, 3.8 or later, whose library the plugin is built against")
 set(VISTREL_SANITIZERS "" CACHE STRING
