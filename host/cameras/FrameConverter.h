@@ -26,7 +26,7 @@ struct RawFrame {
 RawFrame rawFrame(ArvBuffer* buffer);
 
 /// The picture that holds a frame of that format, with a stride of 0; nothing when the format is
-/// not supported: packed pixels, planes, YUV.
+/// not supported: planes, YUV. Pixels that are packed on the wire get two bytes each.
 std::optional<SxPicBufInfo> pictureInfo(ArvPixelFormat format, quint32 width, quint32 height);
 
 /// Why a frame did not become a picture.
