@@ -77,29 +77,29 @@ void waitForLastReference(ArvDevice* device)
 
 } // namespace
 
-std::unique_ptr<Camera> Camera::open(const DeviceEntry& entry, const QString& id,
-                                     LostHandler onLost, QString& error)
+std::unique_ptr<Camera> Camera::open(const DeviceEntry& entry, const QString& id, void* handle,
+                                     CameraConnection::LostHandler onLost, QString& error)
 {
     ArvFailure failure;
     auto camera = ObjectRef<ArvCamera>::take(
         arv_camera_new(entry.id.toUtf8().constData(), failure.receive()));
     if (camera)
-        return std::unique_ptr<Camera>(new Camera(std::move(camera), entry, id, std::move(onLost)));
+        return std::unique_ptr<Camera>(
+            new Camera(std::move(camera), entry, id, handle, std::move(onLost)));
     error = QStringLiteral("camera %1 cannot be opened: %2").arg(id, failure.message());
     return nullptr;
 }
 
-Camera::Camera(ObjectRef<ArvCamera> camera, const DeviceEntry& entry, QString id,
-               LostHandler onLost)
+Camera::Camera(ObjectRef<ArvCamera> camera, const DeviceEntry& entry, QString id, void* handle,
+               CameraConnection::LostHandler onLost)
     : m_id(std::move(id))
-    , m_watch(std::make_shared<Watch>())
+    , m_handle(handle)
+    , m_connection(std::make_shared<CameraConnection>(std::move(onLost)))
     , m_device(ObjectRef<ArvDevice>::share(arv_camera_get_device(camera.get())))
     , m_camera(std::move(camera))
-    , m_stream(m_camera.get(), m_id)
-    , m_parameters(m_camera.get(), m_stream, cameraInfo(m_camera.get(), entry),
-                   [this] { return !lost(); })
+    , m_stream(m_camera.get(), *m_connection, m_id)
+    , m_parameters(m_device.get(), *m_connection, m_stream, cameraInfo(m_camera.get(), entry))
 {
-    m_watch->onLost = std::move(onLost);
     switchChecksOn(m_device.get());
     watchConnection();
 }
@@ -118,29 +118,22 @@ QString Camera::description() const
     return QStringLiteral("%1 (%2)").arg(m_parameters.cameraInfo().deviceName, m_id);
 }
 
-void Camera::stopStream()
-{
-    if (lost())
-        m_stream.abandon();
-    else
-        m_stream.stop();
-}
+void Camera::stopStream() { m_stream.stop(); }
 
 void Camera::watchConnection()
 {
-    const auto forget = [](void* watch, GClosure*) {
-        delete static_cast<std::shared_ptr<Watch>*>(watch);
+    const auto forget = [](void* connection, GClosure*) {
+        delete static_cast<std::shared_ptr<CameraConnection>*>(connection);
     };
     m_signal = g_signal_connect_data(m_device.get(), "control-lost", G_CALLBACK(&onControlLost),
-                                     new std::shared_ptr<Watch>(m_watch), forget,
+                                     new std::shared_ptr<CameraConnection>(m_connection), forget,
                                      static_cast<GConnectFlags>(0));
 }
 
-void Camera::onControlLost(ArvDevice*, void* watch)
+void Camera::onControlLost(ArvDevice*, void* connection)
 {
-    const std::shared_ptr<Watch> shared = *static_cast<std::shared_ptr<Watch>*>(watch);
-    if (!shared->lost.exchange(true))
-        shared->onLost();
+    const auto shared = *static_cast<std::shared_ptr<CameraConnection>*>(connection);
+    shared->breakOff();
 }
 
 } // namespace vistrel

@@ -5,38 +5,34 @@
 
 #include "cameras/AravisHandles.h"
 #include "cameras/AravisSystem.h"
+#include "cameras/CameraConnection.h"
 #include "cameras/CameraParameters.h"
 #include "cameras/CameraStream.h"
 
-#include <atomic>
-#include <functional>
 #include <memory>
 
 namespace vistrel {
 
-/// Its address is the handle by which the host names it. GUI thread, but it may be destroyed on
-/// any.
+/// GUI thread, but it may be destroyed on any.
 class Camera {
 public:
-    /// Called once, on a thread of Aravis, when the connection broke. It must not wait for
-    /// anything.
-    using LostHandler = std::function<void()>;
-
     /// Opens a device that was found. Null with the reason in `error` when it does not let itself
     /// be opened.
-    static std::unique_ptr<Camera> open(const DeviceEntry& entry, const QString& id,
-                                        LostHandler onLost, QString& error);
+    /// @param handle  what the host names it by.
+    static std::unique_ptr<Camera> open(const DeviceEntry& entry, const QString& id, void* handle,
+                                        CameraConnection::LostHandler onLost, QString& error);
     Camera(const Camera&) = delete;
     Camera& operator=(const Camera&) = delete;
     /// Stops and closes it; takes seconds when the connection broke.
     ~Camera();
 
+    void* handle() const { return m_handle; }
     /// The id by which it was found and is opened.
     const QString& id() const { return m_id; }
     /// "model (id)", for people.
     QString description() const;
     /// Whether the connection broke. Any thread.
-    bool lost() const { return m_watch->lost; }
+    bool lost() const { return !m_connection->alive(); }
 
     /// Stops the stream; the sink is not called any more. Returns soon, lost or not.
     void stopStream();
@@ -46,18 +42,15 @@ public:
     const CameraStream& stream() const { return m_stream; }
 
 private:
-    /// Shared with the signal's closure, which Aravis may hold a little longer than the device.
-    struct Watch {
-        std::atomic<bool> lost = false;
-        LostHandler onLost;
-    };
-
-    Camera(ObjectRef<ArvCamera> camera, const DeviceEntry& entry, QString id, LostHandler onLost);
+    Camera(ObjectRef<ArvCamera> camera, const DeviceEntry& entry, QString id, void* handle,
+           CameraConnection::LostHandler onLost);
     void watchConnection();
-    static void onControlLost(ArvDevice* device, void* watch);
+    static void onControlLost(ArvDevice* device, void* connection);
 
     QString m_id;
-    std::shared_ptr<Watch> m_watch;
+    void* m_handle;
+    // Shared with the signal's closure, which Aravis may hold a little longer than the device.
+    std::shared_ptr<CameraConnection> m_connection;
     ObjectRef<ArvDevice> m_device;
     ObjectRef<ArvCamera> m_camera;
     gulong m_signal = 0;

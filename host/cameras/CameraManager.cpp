@@ -7,16 +7,25 @@
 #include "cameras/Camera.h"
 #include "core/Log.h"
 
+#include <QtCore/QDeadlineTimer>
 #include <QtCore/QRunnable>
 #include <QtCore/QStringList>
 #include <QtCore/QThreadPool>
+#include <QtCore/QTimer>
 
 #include <algorithm>
+#include <chrono>
 #include <utility>
 
 namespace vistrel {
 
 namespace {
+
+using namespace std::chrono_literals;
+
+/// How long a camera may take to be found again, and how long it is left alone before each look.
+constexpr auto restartPatience = 30s;
+constexpr auto restartPause = 100ms;
 
 /// Lets go of a camera on the thread that runs it, whose pool deletes it afterwards.
 class CameraRelease : public QRunnable {
@@ -64,7 +73,7 @@ CameraManager::CameraManager()
 CameraManager::~CameraManager()
 {
     while (!m_cameras.empty())
-        close(m_cameras.back().get());
+        close(m_cameras.back()->handle());
     m_releasing->waitForDone();
 }
 
@@ -88,8 +97,7 @@ void* CameraManager::open(const QString& id, QString& error)
         error = notFound(id, entries);
         return nullptr;
     }
-    const auto hasId = [&id](const auto& camera) { return camera->id() == id; };
-    if (std::any_of(m_cameras.begin(), m_cameras.end(), hasId)) {
+    if (isOpen(id)) {
         error = QStringLiteral("camera %1 is open already").arg(id);
         return nullptr;
     }
@@ -97,12 +105,8 @@ void* CameraManager::open(const QString& id, QString& error)
     const auto onLost = [this] {
         QMetaObject::invokeMethod(this, &CameraManager::closeLostCameras, Qt::QueuedConnection);
     };
-    auto camera = Camera::open(*entry, id, onLost, error);
-    if (!camera)
-        return nullptr;
-    m_cameras.push_back(std::move(camera));
-    ++m_cameraCount;
-    return m_cameras.back().get();
+    auto camera = Camera::open(*entry, id, &m_handles.emplace_back(), onLost, error);
+    return camera ? add(std::move(camera)) : nullptr;
 }
 
 void CameraManager::close(void* cameraHandle)
@@ -111,6 +115,21 @@ void CameraManager::close(void* cameraHandle)
         return;
     Q_EMIT cameraClosing(cameraHandle);
     release(take(find(cameraHandle))); // looked up again: a receiver may have closed it
+}
+
+bool CameraManager::restartWithDefaults(void* cameraHandle)
+{
+    Camera* camera = find(cameraHandle);
+    if (!camera || camera->lost()) {
+        logError(notOpened());
+        return false;
+    }
+    camera->stopStream();
+    camera->parameters().restoreDefaults(keptOf(*camera).defaults);
+    const QString id = camera->id();
+    close(cameraHandle);
+    openAgain(id, QDeadlineTimer(restartPatience));
+    return true;
 }
 
 bool CameraManager::start(void* cameraHandle, FrameSink sink, QString& error)
@@ -145,7 +164,7 @@ QList<void*> CameraManager::openedCameras()
 {
     QList<void*> handles;
     for (const auto& camera : m_cameras)
-        handles.append(camera.get());
+        handles.append(camera->handle());
     return handles;
 }
 
@@ -162,12 +181,50 @@ std::vector<DeviceEntry> CameraManager::search(const QString& id)
     return id == QLatin1String(simulatedId) ? m_aravis->searchSimulated() : m_aravis->searchAll();
 }
 
+bool CameraManager::isOpen(const QString& id) const
+{
+    return std::any_of(m_cameras.begin(), m_cameras.end(),
+                       [&id](const auto& camera) { return camera->id() == id; });
+}
+
+void* CameraManager::add(std::unique_ptr<Camera> camera)
+{
+    CameraParameters& parameters = camera->parameters();
+    Kept& kept = keptOf(*camera);
+    parameters.shadingPresets = kept.presets;
+    if (kept.defaults.empty() && !parameters.keepsDefaults())
+        kept.defaults = parameters.settings();
+    m_cameras.push_back(std::move(camera));
+    ++m_cameraCount;
+    return m_cameras.back()->handle();
+}
+
+CameraManager::Kept& CameraManager::keptOf(Camera& camera)
+{
+    const SxCameraInfo& info = camera.parameters().cameraInfo();
+    return m_kept[QStringLiteral("%1 %2").arg(info.deviceName, info.serialNumber)];
+}
+
+void CameraManager::openAgain(const QString& id, const QDeadlineTimer& limit)
+{
+    QTimer::singleShot(restartPause, this, [this, id, limit] {
+        QString error;
+        if (isOpen(id) || open(id, error))
+            return;
+        if (limit.hasExpired())
+            logError(QStringLiteral("a restarted camera did not come back: %1").arg(error));
+        else
+            openAgain(id, limit);
+    });
+}
+
 // A handle may be anything: it is compared, not followed.
 Camera* CameraManager::find(const void* cameraHandle) const
 {
     const auto position =
-        std::find_if(m_cameras.begin(), m_cameras.end(),
-                     [cameraHandle](const auto& camera) { return camera.get() == cameraHandle; });
+        std::find_if(m_cameras.begin(), m_cameras.end(), [cameraHandle](const auto& camera) {
+            return camera->handle() == cameraHandle;
+        });
     return position == m_cameras.end() ? nullptr : position->get();
 }
 
@@ -177,6 +234,7 @@ std::unique_ptr<Camera> CameraManager::take(const Camera* camera)
                                        [camera](const auto& c) { return c.get() == camera; });
     if (position == m_cameras.end())
         return nullptr;
+    keptOf(**position).presets = (*position)->parameters().shadingPresets;
     auto taken = std::move(*position);
     m_cameras.erase(position);
     --m_cameraCount;
@@ -193,14 +251,15 @@ void CameraManager::closeLostCameras()
 
 void CameraManager::closeLost(Camera* camera)
 {
+    void* const handle = camera->handle();
     const QString description = camera->description();
     logError(QStringLiteral("camera %1: the connection broke").arg(description));
-    Q_EMIT cameraClosing(camera);
-    auto taken = take(find(camera));
+    Q_EMIT cameraClosing(handle);
+    auto taken = take(find(handle));
     if (!taken)
         return;
     release(std::move(taken));
-    Q_EMIT cameraLost(camera, description);
+    Q_EMIT cameraLost(handle, description);
 }
 
 // A camera that does not answer any more takes seconds to let go of. Every other one is closed
@@ -210,7 +269,7 @@ void CameraManager::release(std::unique_ptr<Camera> camera)
     if (!camera)
         return;
     camera->stopStream();
-    if (camera->stream().answering())
+    if (!camera->lost())
         return;
     m_releasing->start(new CameraRelease(std::move(camera)));
 }

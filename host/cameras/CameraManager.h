@@ -3,17 +3,23 @@
 // The reference host's cameras: GigE Vision and USB3 Vision devices and a simulated one, by Aravis.
 #pragma once
 
+#include "cameras/NodeValue.h"
+
 #include <CxCameraManager.h>
+#include <CxShadingPreset.h>
 
 #include <QtCore/QObject>
 #include <QtCore/QString>
 
 #include <atomic>
+#include <deque>
 #include <functional>
+#include <map>
 #include <memory>
 #include <vector>
 
 class CxImageData;
+class QDeadlineTimer;
 class QThreadPool;
 
 namespace vistrel {
@@ -60,6 +66,11 @@ public:
     void* open(const QString& id, QString& error);
     /// Stops and closes a camera; its handle is dead afterwards. Unknown handles are ignored.
     void close(void* cameraHandle);
+    /// Gives a camera its defaults (its own, or what it had when it was opened first), closes it
+    /// and opens it again, under a new handle: later, from the event loop, and again for half a
+    /// minute when it is not back at once. False, with a line in the log, for an unknown handle and
+    /// a camera that is lost.
+    bool restartWithDefaults(void* cameraHandle);
 
     /// Starts the stream; true also when it runs already (the sink is kept then). False with the
     /// reason in `error` when the camera refuses or the handle is unknown.
@@ -81,7 +92,17 @@ Q_SIGNALS:
     void cameraClosing(void* cameraHandle);
 
 private:
+    /// What stays of a camera while it is closed.
+    struct Kept {
+        std::map<QString, NodeValue> defaults; ///< empty when the camera keeps its own
+        QList<CxShadingPreset> presets;
+    };
+
     std::vector<DeviceEntry> search(const QString& id);
+    bool isOpen(const QString& id) const;
+    void* add(std::unique_ptr<Camera> camera);
+    Kept& keptOf(Camera& camera);
+    void openAgain(const QString& id, const QDeadlineTimer& limit);
     Camera* find(const void* cameraHandle) const;
     std::unique_ptr<Camera> take(const Camera* camera);
     void release(std::unique_ptr<Camera> camera);
@@ -90,6 +111,10 @@ private:
 
     std::unique_ptr<AravisSystem> m_aravis;
     std::vector<std::unique_ptr<Camera>> m_cameras;
+    // A handle is the address of an element. None is used twice, so that a handle of a closed
+    // camera never names another one.
+    std::deque<char> m_handles;
+    std::map<QString, Kept> m_kept;           ///< by model and serial number
     std::atomic<unsigned> m_cameraCount = 0;  ///< for other threads
     std::unique_ptr<QThreadPool> m_releasing; ///< lost cameras, which take seconds to release
 };

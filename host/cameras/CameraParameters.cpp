@@ -1,10 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The Vistrel Python scripting authors
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The parameters of one opened camera: its GenICam nodes by name, and the region of interest.
+// The parameters of one opened camera, by the host's names and by the camera's own.
 #include "cameras/CameraParameters.h"
 
 #include "cameras/CameraStream.h"
-#include "cameras/GenICamNodes.h"
+#include "cameras/SettingsFile.h"
+#include "cameras/SettingsTransfer.h"
 #include "core/Log.h"
 
 #include <QtCore/QStringList>
@@ -15,8 +16,11 @@ namespace vistrel {
 
 namespace {
 
+const QString loadUserSet = QStringLiteral("UserSetLoad");
+const QString userSetSelector = QStringLiteral("UserSetSelector");
+
 // A camera refuses these while it runs, and the buffers of a running stream would not fit.
-bool changesFrameSize(const QString& name)
+bool changesFrameSize(const QString& node)
 {
     static const QStringList names = {
         QStringLiteral("Width"),
@@ -27,60 +31,58 @@ bool changesFrameSize(const QString& name)
         QStringLiteral("DecimationHorizontal"),
         QStringLiteral("DecimationVertical"),
     };
-    return names.contains(name);
+    return names.contains(node);
 }
 
-QRect region(ArvCamera* camera, ArvFailure& failure)
+NodeResult unknown()
 {
-    int x = 0;
-    int y = 0;
-    int width = 0;
-    int height = 0;
-    arv_camera_get_region(camera, &x, &y, &width, &height, failure.receive());
-    return failure ? QRect() : QRect(x, y, width, height);
+    return {ParameterStatus::Unknown, QStringLiteral("the camera has no such parameter")};
 }
 
-void setOffset(ArvCamera* camera, int x, int y, ArvFailure& failure)
+CxValue joined(const QStringList& entries)
 {
-    if (arv_camera_is_region_offset_available(camera, nullptr))
-        arv_camera_set_region(camera, x, y, -1, -1, failure.receive());
+    return entries.isEmpty() ? CxValue() : CxValue::fromString(entries.join(QStringLiteral(", ")));
 }
 
-// The bounds of size and offset depend on each other; with the offset out of the way every order
-// of old and new regions is good.
-void setRegion(ArvCamera* camera, const QRect& rect, ArvFailure& failure)
+CxValue text(const QString& text) { return text.isEmpty() ? CxValue() : CxValue::fromString(text); }
+
+/// What can be asked of a parameter besides its value.
+struct Properties {
+    std::function<CxValue()> minimum;
+    std::function<CxValue()> maximum;
+    std::function<CxValue()> increment;
+    std::function<CxValue()> unit;
+    std::function<CxValue()> entries;
+};
+
+Properties propertiesOf(MappedParameter& parameter)
 {
-    setOffset(camera, 0, 0, failure);
-    if (!failure)
-        arv_camera_set_region(camera, -1, -1, rect.width(), rect.height(), failure.receive());
-    if (!failure)
-        setOffset(camera, rect.x(), rect.y(), failure);
+    return {[&] { return parameter.minimum(); }, [&] { return parameter.maximum(); },
+            [&] { return parameter.increment(); }, [&] { return text(parameter.unit()); },
+            [&] { return joined(parameter.entries()); }};
 }
 
-QString regionText(const QRect& rect)
+Properties propertiesOf(const CameraNodes& nodes, ArvGcNode* node)
 {
-    return QStringLiteral("(%1, %2, %3, %4)")
-        .arg(rect.x())
-        .arg(rect.y())
-        .arg(rect.width())
-        .arg(rect.height());
+    return {[&nodes, node] { return hostValue(nodes.limits(node).minimum); },
+            [&nodes, node] { return hostValue(nodes.limits(node).maximum); },
+            [&nodes, node] { return hostValue(nodes.limits(node).increment); },
+            [node] { return text(CameraNodes::unit(node)); },
+            [&nodes, node] { return joined(nodes.entries(node)); }};
 }
 
-// Some cameras take every offset by itself and then send a picture that reaches past the sensor.
-QString reachesPastSensor(ArvCamera* camera, const QRect& rect)
+/// Nothing for a property that there is not.
+const std::function<CxValue()>* propertyNamed(const Properties& properties, const QString& name)
 {
-    ArvFailure failure;
-    int width = 0;
-    int height = 0;
-    arv_camera_get_sensor_size(camera, &width, &height, failure.receive());
-    if (failure || (!rect.isEmpty() && QRect(0, 0, width, height).contains(rect)))
-        return {};
-    return QStringLiteral("the sensor has %1 x %2 pixels").arg(width).arg(height);
-}
-
-NodeResult disconnected()
-{
-    return {ParameterStatus::Disconnected, QStringLiteral("the connection broke")};
+    if (name == u"min")
+        return &properties.minimum;
+    if (name == u"max")
+        return &properties.maximum;
+    if (name == u"inc")
+        return &properties.increment;
+    if (name == u"unit")
+        return &properties.unit;
+    return name == u"entries" ? &properties.entries : nullptr;
 }
 
 void report(const NodeResult& result, int* status)
@@ -91,26 +93,31 @@ void report(const NodeResult& result, int* status)
 
 } // namespace
 
-CameraParameters::CameraParameters(ArvCamera* camera, CameraStream& stream, SxCameraInfo info,
-                                   ConnectionProbe connected)
-    : m_camera(camera)
-    , m_stream(stream)
+CameraParameters::CameraParameters(ArvDevice* device, CameraConnection& connection,
+                                   CameraStream& stream, SxCameraInfo info)
+    : m_stream(stream)
     , m_info(std::move(info))
-    , m_connected(std::move(connected))
+    , m_nodes(device, connection)
+    , m_region(m_nodes)
 {
+    for (const ParameterName& name : knownParameters()) {
+        m_parameters.push_back(MappedParameter::make(name, m_nodes));
+        m_parametersByName.insert(name.name, m_parameters.back().get());
+    }
 }
 
 CameraParameters::~CameraParameters() = default;
 
-CxCameraParam* CameraParameters::findParam(const QString&, bool)
+CxCameraParam* CameraParameters::findParam(const QString& name, bool)
 {
-    return nullptr; // every name goes to the camera's own nodes
+    return m_parametersByName.value(name);
 }
 
 bool CameraParameters::getParamDirect(const QString& name, CxValue& value, int* status)
 {
+    const qsizetype colon = name.indexOf(u':');
     const NodeResult result =
-        m_connected() ? readNode(arv_camera_get_device(m_camera), name, value) : disconnected();
+        colon < 0 ? read(name, value) : readProperty(name.left(colon), name.mid(colon + 1), value);
     report(result, status);
     if (!result.done())
         logLine(QStringLiteral("parameter %1 cannot be read: %2").arg(name, result.reason));
@@ -120,12 +127,7 @@ bool CameraParameters::getParamDirect(const QString& name, CxValue& value, int* 
 bool CameraParameters::setParamDirect(const QString& name, const CxValue& value, int* status,
                                       ExCommitRefreshGuiMode)
 {
-    NodeResult result = disconnected();
-    const auto write = [&] { result = writeNode(arv_camera_get_device(m_camera), name, value); };
-    if (m_connected() && changesFrameSize(name))
-        whileStreamPaused(write);
-    else if (m_connected())
-        write();
+    const NodeResult result = write(name, value);
     report(result, status);
     if (result.done())
         m_stream.refreshRecordedSettings();
@@ -137,52 +139,168 @@ bool CameraParameters::setParamDirect(const QString& name, const CxValue& value,
 
 QRect CameraParameters::currentROIRectParams()
 {
-    ArvFailure failure;
-    const QRect rect = m_connected() ? region(m_camera, failure) : QRect();
-    if (failure)
-        logLine(QStringLiteral("the region cannot be read: %1").arg(failure.message()));
+    QRect rect;
+    const NodeResult result = m_region.read(rect);
+    if (!result.done())
+        logLine(QStringLiteral("the region cannot be read: %1").arg(result.reason));
     return rect;
 }
 
 void CameraParameters::setROIRectParams(int x, int y, int width, int height, bool)
 {
-    const QRect wanted(x, y, width, height);
-    QString reason = m_connected() ? reachesPastSensor(m_camera, wanted) : disconnected().reason;
-    const auto change = [&] {
-        ArvFailure failure;
-        const QRect before = region(m_camera, failure);
-        if (!failure)
-            setRegion(m_camera, wanted, failure);
-        reason = failure.message();
-        if (failure && !before.isEmpty())
-            setRegion(m_camera, before, failure);
-    };
-    if (reason.isEmpty())
-        whileStreamPaused(change);
-    if (!reason.isEmpty())
-        logLine(
-            QStringLiteral("the region cannot be set to %1: %2").arg(regionText(wanted), reason));
+    NodeResult result = CameraNodes::disconnected();
+    if (m_nodes.connected())
+        whileStreamPaused([&] { result = m_region.write(x, y, width, height); });
+    if (!result.done())
+        logLine(QStringLiteral("the region cannot be set to (%1, %2, %3, %4): %5")
+                    .arg(QString::number(x), QString::number(y), QString::number(width),
+                         QString::number(height), result.reason));
 }
 
-bool CameraParameters::saveParamValuesToFile(const QString& path, CxCameraParam::ExVisibility)
+bool CameraParameters::keepsDefaults() const
 {
-    logLine(QStringLiteral("settings cannot be saved to %1: not available").arg(path));
+    ArvGcNode* load = m_nodes.find(loadUserSet);
+    return load && m_nodes.find(userSetSelector) && m_nodes.isImplemented(load);
+}
+
+CameraParameters::Values CameraParameters::settings(CxCameraParam::ExVisibility visibility) const
+{
+    return currentSettings(m_nodes, visibility);
+}
+
+void CameraParameters::restoreDefaults(const Values& fallback)
+{
+    NodeResult result;
+    if (keepsDefaults()) {
+        result = m_nodes.write(m_nodes.find(userSetSelector), QStringLiteral("Default"));
+        if (result.done())
+            result = m_nodes.write(m_nodes.find(loadUserSet), true);
+    } else {
+        for (const QString& line : apply(fallback))
+            logLine(line);
+    }
+    if (!result.done())
+        logLine(QStringLiteral("the defaults cannot be set: %1").arg(result.reason));
+}
+
+bool CameraParameters::saveParamValuesToFile(const QString& path,
+                                             CxCameraParam::ExVisibility visibility)
+{
+    const CameraSettings settings{m_info.deviceName, m_info.serialNumber,
+                                  this->settings(visibility)};
+    QString error = CameraNodes::disconnected().reason;
+    if (m_nodes.connected() && writeSettingsFile(path, settings, error))
+        return true;
+    logLine(QStringLiteral("settings cannot be saved to %1: %2").arg(path, error));
     return false;
 }
 
 bool CameraParameters::loadParamValuesFromFile(const QString& path, CxCameraParam::ExVisibility,
                                                QList<QString>* messages, bool logErrors)
 {
-    const QString text = QStringLiteral("settings cannot be loaded from %1: not available");
-    if (messages)
-        messages->append(text.arg(path));
-    if (logErrors)
-        logLine(text.arg(path));
-    return false;
+    const auto report = [&](const QString& line) {
+        if (messages)
+            messages->append(line);
+        if (logErrors)
+            logLine(line);
+    };
+    QString error;
+    const std::optional<CameraSettings> settings = readSettingsFile(path, error);
+    if (settings && settings->model != m_info.deviceName)
+        error = QStringLiteral("they are of a camera %1").arg(settings->model);
+    if (!m_nodes.connected())
+        error = CameraNodes::disconnected().reason;
+    if (!error.isEmpty()) {
+        report(QStringLiteral("settings cannot be loaded from %1: %2").arg(path, error));
+        return false;
+    }
+    for (const QString& line : apply(settings->values))
+        report(line);
+    return true;
 }
 
 // Nobody shows the presets but whoever asks for them, so there is nobody to tell.
 void CameraParameters::notifyShadingChanged() {}
+
+MappedParameter* CameraParameters::supported(const QString& name) const
+{
+    MappedParameter* parameter = m_parametersByName.value(name);
+    return parameter && parameter->node() ? parameter : nullptr;
+}
+
+ArvGcNode* CameraParameters::nodeNamed(const QString& name) const
+{
+    const MappedParameter* parameter = supported(name);
+    return parameter ? parameter->node() : m_nodes.find(name);
+}
+
+NodeResult CameraParameters::read(const QString& name, CxValue& value) const
+{
+    if (const MappedParameter* parameter = supported(name))
+        return parameter->read(value);
+    ArvGcNode* node = nodeNamed(name);
+    NodeValue raw;
+    NodeResult result = node ? m_nodes.read(node, raw) : unknown();
+    if (result.done())
+        value = hostValue(raw);
+    return result;
+}
+
+NodeResult CameraParameters::readProperty(const QString& name, const QString& property,
+                                          CxValue& value) const
+{
+    MappedParameter* parameter = supported(name);
+    ArvGcNode* node = nodeNamed(name);
+    if (!m_nodes.connected())
+        return CameraNodes::disconnected();
+    if (!node)
+        return unknown();
+    if (property == u"type") {
+        value = CxValue::fromString(CameraNodes::typeName(node));
+        return {};
+    }
+    const Properties all = parameter ? propertiesOf(*parameter) : propertiesOf(m_nodes, node);
+    const auto* ask = propertyNamed(all, property);
+    if (!ask)
+        return unknown();
+    value = (*ask)();
+    return {};
+}
+
+NodeResult CameraParameters::write(const QString& name, const CxValue& value)
+{
+    ArvGcNode* node = nodeNamed(name);
+    if (!m_nodes.connected())
+        return CameraNodes::disconnected();
+    if (!node)
+        return unknown();
+    NodeResult result;
+    const auto change = [&] {
+        MappedParameter* parameter = supported(name);
+        result = parameter ? parameter->write(value) : m_nodes.write(node, nodeValue(value));
+    };
+    if (mustPauseFor(node))
+        whileStreamPaused(change);
+    else
+        change();
+    return result;
+}
+
+bool CameraParameters::mustPauseFor(ArvGcNode* node) const
+{
+    if (!m_stream.running())
+        return false;
+    const char* name = arv_gc_feature_node_get_name(ARV_GC_FEATURE_NODE(node));
+    return changesFrameSize(QString::fromUtf8(name)) || m_nodes.isLocked(node);
+}
+
+QStringList CameraParameters::apply(const Values& values)
+{
+    QStringList lines;
+    whileStreamPaused([&] { lines = applySettings(m_nodes, values); });
+    m_stream.refreshRecordedSettings();
+    return lines;
+}
 
 void CameraParameters::whileStreamPaused(const std::function<void()>& change)
 {

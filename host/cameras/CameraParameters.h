@@ -1,70 +1,90 @@
 // SPDX-FileCopyrightText: 2026 The Vistrel Python scripting authors
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The parameters of one opened camera: its GenICam nodes by name, and the region of interest.
+// The parameters of one opened camera, by the host's names and by the camera's own.
 #pragma once
+
+#include "cameras/CameraNodes.h"
+#include "cameras/MappedParameter.h"
+#include "cameras/RegionOfInterest.h"
 
 #include <CxCameraParameters.h>
 
-#include <arv.h>
+#include <QtCore/QHash>
 
 #include <functional>
+#include <map>
+#include <memory>
+#include <vector>
 
 namespace vistrel {
 
 class CameraStream;
 
-/// What getParamDirect() and setParamDirect() report through their status.
-enum class ParameterStatus : int {
-    Done = 0,
-    Unknown = 1,       ///< the camera has no parameter of that name
-    WrongType = 2,     ///< the parameter does not take, or give, such a value
-    OutOfRange = 3,    ///< below the least, above the greatest, or no entry of the enumeration
-    NotAccessible = 4, ///< not readable, or not writable, at all or now
-    Disconnected = 5,  ///< the connection to the camera broke
-    Refused = 6,       ///< anything else that the camera or the way to it reports
-};
-
-/// Whether the camera answers at all. Any thread.
-using ConnectionProbe = std::function<bool()>;
-
 class CameraParameters final : public CxCameraParameters {
 public:
-    /// @param camera, stream  outlive this object.
-    CameraParameters(ArvCamera* camera, CameraStream& stream, SxCameraInfo info,
-                     ConnectionProbe connected);
+    /// @param device, connection, stream  outlive this object.
+    CameraParameters(ArvDevice* device, CameraConnection& connection, CameraStream& stream,
+                     SxCameraInfo info);
     ~CameraParameters() override;
 
     const SxCameraInfo& cameraInfo() const override { return m_info; }
 
+    /// The host's names only. Users are shown all of them.
     CxCameraParam* findParam(const QString& name, bool includeHidden) override;
+    /// A name may end with ":min", ":max", ":inc", ":unit", ":entries" (a text, divided by ", ")
+    /// or ":type" (of the camera's node). The value is empty where there is no such thing. The
+    /// status is a ParameterStatus.
     bool getParamDirect(const QString& name, CxValue& value, int* status) override;
-    /// An integer, float or boolean goes to every kind of number; a text goes to texts, to
-    /// enumerations as an entry's name, and to numbers when it reads as one. Every value executes a
-    /// command. Parameters that change the size of a frame restart a running stream.
+    /// Parameters that change the size of a frame restart a running stream. What is refused is
+    /// logged with what would have been taken. The status is a ParameterStatus.
     bool setParamDirect(const QString& name, const CxValue& value, int* status,
                         ExCommitRefreshGuiMode mode) override;
 
+    /// What restoreDefaults() falls back on for a camera that keeps no defaults itself.
+    using Values = std::map<QString, NodeValue>;
+    /// Whether the camera keeps defaults itself: a user set that it can load.
+    bool keepsDefaults() const;
+    /// All settings, as they are now.
+    Values settings(CxCameraParam::ExVisibility visibility = CxCameraParam::Guru) const;
+    /// Gives the camera its own defaults, or these values when it keeps none. What it refuses is
+    /// logged.
+    void restoreDefaults(const Values& fallback);
+
     /// Empty when the camera cannot tell.
     QRect currentROIRectParams() override;
-    /// Restarts a running stream. A region that the camera refuses is logged and leaves the one
-    /// it has.
+    /// Restarts a running stream. A region that is refused is logged and leaves the one there is.
+    /// See RegionOfInterest.
     void setROIRectParams(int x, int y, int width, int height, bool refreshGui) override;
 
+    /// As JSON, by the names of the camera's nodes; a file that is there is replaced at once or
+    /// stays. Failures are logged.
     bool saveParamValuesToFile(const QString& path,
                                CxCameraParam::ExVisibility visibility) override;
+    /// Restarts a running stream. A file that is not whole, or of another camera model, changes
+    /// nothing, and is refused with a line too.
     bool loadParamValuesFromFile(const QString& path, CxCameraParam::ExVisibility visibility,
                                  QList<QString>* messages, bool logErrors) override;
 
     void notifyShadingChanged() override;
 
 private:
+    /// The parameter of that name if the camera has it.
+    MappedParameter* supported(const QString& name) const;
+    ArvGcNode* nodeNamed(const QString& name) const;
+    NodeResult read(const QString& name, CxValue& value) const;
+    NodeResult readProperty(const QString& name, const QString& property, CxValue& value) const;
+    NodeResult write(const QString& name, const CxValue& value);
+    bool mustPauseFor(ArvGcNode* node) const;
+    QStringList apply(const Values& values);
     void whileStreamPaused(const std::function<void()>& change);
     void logLine(const QString& text) const;
 
-    ArvCamera* m_camera;
     CameraStream& m_stream;
     SxCameraInfo m_info;
-    ConnectionProbe m_connected;
+    CameraNodes m_nodes;
+    std::vector<std::unique_ptr<MappedParameter>> m_parameters;
+    QHash<QString, MappedParameter*> m_parametersByName;
+    RegionOfInterest m_region;
 };
 
 } // namespace vistrel

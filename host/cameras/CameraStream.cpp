@@ -3,6 +3,7 @@
 // The stream of one opened camera: takes its frames and hands them to a sink as images.
 #include "cameras/CameraStream.h"
 
+#include "cameras/CameraConnection.h"
 #include "core/Log.h"
 
 #include <CxImageData.h>
@@ -43,8 +44,9 @@ const char* refusalText(ConvertResult result)
 
 } // namespace
 
-CameraStream::CameraStream(ArvCamera* camera, QString id)
+CameraStream::CameraStream(ArvCamera* camera, CameraConnection& connection, QString id)
     : m_camera(camera)
+    , m_connection(connection)
     , m_id(std::move(id))
 {
 }
@@ -71,12 +73,6 @@ void CameraStream::stop()
     closeStream();
 }
 
-void CameraStream::abandon()
-{
-    m_answering = false;
-    stop();
-}
-
 void CameraStream::letGo()
 {
     m_stream.reset(); // waits for Aravis' thread
@@ -101,26 +97,29 @@ StreamStatistics CameraStream::statistics() const { return {m_taken, m_dropped +
 void CameraStream::refreshRecordedSettings()
 {
     ArvFailure failure;
-    if (arv_camera_is_exposure_time_available(m_camera, nullptr))
+    if (m_connection.alive() && arv_camera_is_exposure_time_available(m_camera, failure.receive()))
         m_exposureUs = arv_camera_get_exposure_time(m_camera, failure.receive());
-    if (arv_camera_is_gain_available(m_camera, nullptr))
+    m_connection.judge(failure);
+    if (m_connection.alive() && arv_camera_is_gain_available(m_camera, failure.receive()))
         m_gain = arv_camera_get_gain(m_camera, failure.receive());
+    m_connection.judge(failure);
 }
 
 bool CameraStream::open(QString& error)
 {
     ArvFailure failure;
-    m_answering = true;
     refreshRecordedSettings();
-    if (createStream(failure)) {
+    if (m_connection.alive() && createStream(failure)) {
         m_lastFrameId = 0;
         m_ending = false;
         m_thread = std::thread(&CameraStream::deliverFrames, this);
         startAcquisition(failure);
     }
-    if (!failure)
+    m_connection.judge(failure);
+    if (!failure && m_connection.alive())
         return true;
-    error = QStringLiteral("camera %1 does not start: %2").arg(m_id, failure.message());
+    const QString reason = failure ? failure.message() : QStringLiteral("the connection broke");
+    error = QStringLiteral("camera %1 does not start: %2").arg(m_id, reason);
     pause();
     return false;
 }
@@ -155,20 +154,13 @@ void CameraStream::endDelivery()
     m_thread.join();
 }
 
-// Of the calls to a dead camera that time out, each after seconds, this is the first.
-void CameraStream::stopAcquisition()
-{
-    ArvFailure failure;
-    arv_camera_stop_acquisition(m_camera, failure.receive());
-    m_answering = !failure.is(ARV_DEVICE_ERROR, ARV_DEVICE_ERROR_TIMEOUT)
-                  && !failure.is(ARV_DEVICE_ERROR, ARV_DEVICE_ERROR_NOT_CONNECTED);
-}
-
 void CameraStream::closeStream()
 {
-    if (m_stream && m_answering)
-        stopAcquisition();
-    if (!m_stream || !m_answering)
+    ArvFailure failure;
+    if (m_stream && m_connection.alive())
+        arv_camera_stop_acquisition(m_camera, failure.receive());
+    m_connection.judge(failure);
+    if (!m_stream || !m_connection.alive())
         return;
     m_earlierUnderruns = underruns();
     letGo();

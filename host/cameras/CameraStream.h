@@ -14,15 +14,17 @@
 
 namespace vistrel {
 
+class CameraConnection;
+
 /// Aravis receives frames on a thread of its own; a second thread, the stream's, turns them into
 /// images and calls the sink. So a slow sink never costs packets of the frame under way: it runs
 /// the receiver out of buffers, and whole frames are dropped.
 /// Used on one thread at a time, which is never the stream's.
 class CameraStream {
 public:
-    /// @param camera  outlives the stream.
-    /// @param id      of the camera, for messages.
-    CameraStream(ArvCamera* camera, QString id);
+    /// @param camera, connection  outlive the stream.
+    /// @param id                  of the camera, for messages.
+    CameraStream(ArvCamera* camera, CameraConnection& connection, QString id);
     CameraStream(const CameraStream&) = delete;
     CameraStream& operator=(const CameraStream&) = delete;
     ~CameraStream();
@@ -32,12 +34,8 @@ public:
     /// Stops the camera and forgets the sink, which is not called any more. When the camera does
     /// not answer any more, what Aravis holds stays until letGo(), which then takes seconds.
     void stop();
-    /// The same for a camera of which that is known: nothing is sent.
-    void abandon();
     /// Gives back what Aravis holds; the stream has been stopped.
     void letGo();
-    /// Whether the camera answered when it was spoken to last.
-    bool answering() const { return m_answering; }
     bool running() const { return m_thread.joinable(); }
 
     /// Stops the camera but keeps sink and numbers, for changes that it refuses while it runs.
@@ -55,7 +53,6 @@ private:
     bool open(QString& error);
     bool createStream(ArvFailure& failure);
     void startAcquisition(ArvFailure& failure);
-    void stopAcquisition();
     void endDelivery();
     void closeStream();
     quint64 underruns() const;
@@ -68,10 +65,10 @@ private:
     void logRefusal(ConvertResult result, ArvPixelFormat format);
 
     ArvCamera* m_camera;
+    CameraConnection& m_connection;
     QString m_id;
     FrameSink m_sink;
     ObjectRef<ArvStream> m_stream;
-    bool m_answering = true;
     quint64 m_earlierUnderruns = 0; ///< from before the last pause
 
     std::counting_semaphore<> m_finished{0}; ///< buffers that wait for delivery

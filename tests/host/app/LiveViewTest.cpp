@@ -137,6 +137,19 @@ TEST_F(LiveView, KeepsItsPictureWhenTheCameraIsClosed)
     EXPECT_FALSE(app.setCameraAcquisition(true, camera));
 }
 
+TEST_F(LiveView, KeepsItsPictureWhenTheCameraIsRestarted)
+{
+    const int id = start();
+    ASSERT_TRUE(nextFrame(id));
+    app.restartCameraWithDefaults(camera);
+    EXPECT_FALSE(app.imageView(id)->isStreaming());
+    EXPECT_FALSE(app.setCameraAcquisition(true, camera));
+    ASSERT_TRUE(handleEventsUntil([this] { return host.cameras().openedCameraCount() == 1; }));
+    EXPECT_NE(app.viewImage(id), nullptr);
+    camera = host.cameras().openedCameras().constFirst();
+    EXPECT_TRUE(nextFrame(start()));
+}
+
 TEST_F(LiveView, OverwritesAndCountsFramesThatNobodyTakes)
 {
     const int id = start();

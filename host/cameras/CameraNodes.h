@@ -1,0 +1,102 @@
+// SPDX-FileCopyrightText: 2026 The Vistrel Python scripting authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The GenICam nodes of one camera: found by name, read, written, and asked for their limits.
+#pragma once
+
+#include "cameras/NodeValue.h"
+
+#include <QtCore/QStringList>
+
+#include <arv.h>
+
+#include <vector>
+
+namespace vistrel {
+
+class ArvFailure;
+class CameraConnection;
+
+/// What getParamDirect() and setParamDirect() report through their status.
+enum class ParameterStatus : int {
+    Done = 0,
+    Unknown = 1,       ///< the camera has no parameter of that name
+    WrongType = 2,     ///< the parameter does not take, or give, such a value
+    OutOfRange = 3,    ///< below the least, above the greatest, off the steps, or no entry
+    NotAccessible = 4, ///< not readable, or not writable, at all or now
+    Disconnected = 5,  ///< the connection to the camera broke
+    Refused = 6,       ///< anything else that the camera or the way to it reports
+};
+
+/// What became of reading or writing.
+struct NodeResult {
+    ParameterStatus status = ParameterStatus::Done;
+    QString reason; ///< for people; empty when it is done
+
+    bool done() const { return status == ParameterStatus::Done; }
+};
+
+/// Limits of a number; those that a node does not have are no value. All three are whole numbers
+/// for an integer node.
+struct NodeLimits {
+    NodeValue minimum;
+    NodeValue maximum;
+    NodeValue increment;
+};
+
+/// Nothing is remembered: values and limits are read from the camera every time, because one may
+/// move with another. Once the connection broke nothing is sent any more. GUI thread.
+class CameraNodes {
+public:
+    /// @param device, connection  outlive this object.
+    CameraNodes(ArvDevice* device, CameraConnection& connection);
+
+    /// The node of that name, which belongs to the device; null when it has none.
+    ArvGcNode* find(const QString& name) const;
+    /// Whether the camera has this feature at all; its state may still forbid to use it.
+    bool isImplemented(ArvGcNode* node) const;
+    /// Whether the camera takes a new value for it now.
+    bool isWritable(ArvGcNode* node) const;
+    /// Whether it could be written but for the state that the camera is in, mostly streaming.
+    bool isLocked(ArvGcNode* node) const;
+
+    /// Whether values of it can be read at all, as its description says.
+    static bool isReadable(ArvGcNode* node);
+    /// `value` is left alone on failure.
+    NodeResult read(ArvGcNode* node, NodeValue& value) const;
+    /// The same for a node that is known to be readable, in four fifths of the time.
+    NodeResult readKnown(ArvGcNode* node, NodeValue& value) const;
+    /// Writes a node, or executes it when it is a command and the value 1 or true. A number goes to
+    /// every kind of number; a text to texts, to enumerations as an entry's name, and to numbers
+    /// when it reads as one. A value that is not allowed is refused with the limits, steps or
+    /// entries that are.
+    NodeResult write(ArvGcNode* node, const NodeValue& value) const;
+    NodeLimits limits(ArvGcNode* node) const;
+    /// The entries that an enumeration takes now, the features in a category; none for others.
+    QStringList entries(ArvGcNode* node) const;
+    /// "integer", "float", "boolean", "enumeration", "string", "command", "category", or empty.
+    static QString typeName(ArvGcNode* node);
+    /// Of a number, as the camera names it; empty when it does not.
+    static QString unit(ArvGcNode* node);
+    /// The features that the camera shows to users of that experience, in its order.
+    std::vector<ArvGcFeatureNode*> features(ArvGcVisibility visibility) const;
+
+    /// What to say of an error; an answer that is missing breaks the connection.
+    NodeResult resultOf(const ArvFailure& failure) const;
+    bool connected() const;
+    static NodeResult disconnected();
+
+private:
+    NodeResult usable(ArvGcNode* node) const;
+    NodeResult writeInteger(ArvGcInteger* node, const NodeValue& value) const;
+    NodeResult writeFloat(ArvGcFloat* node, const NodeValue& value) const;
+    NodeResult writeBoolean(ArvGcBoolean* node, const NodeValue& value) const;
+    NodeResult writeEnumeration(ArvGcEnumeration* node, const NodeValue& value) const;
+    NodeResult writeText(ArvGcString* node, const NodeValue& value) const;
+    NodeResult execute(ArvGcCommand* node) const;
+    NodeResult writeAny(ArvGcNode* node, const NodeValue& value) const;
+
+    ArvDevice* m_device;
+    CameraConnection& m_connection;
+};
+
+} // namespace vistrel

@@ -1,0 +1,53 @@
+// SPDX-FileCopyrightText: 2026 The Vistrel Python scripting authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+// A parameter under the host's name, kept in one of a camera's nodes.
+#pragma once
+
+#include "cameras/CameraNodes.h"
+#include "cameras/ParameterNames.h"
+
+#include <CxCameraParam.h>
+
+#include <memory>
+
+namespace vistrel {
+
+/// A number or a switch; enumerations and others made of several nodes are derived from it.
+class MappedParameter : public CxCameraParam {
+public:
+    /// Looks which of the nodes the camera has; outlived by `nodes`.
+    MappedParameter(const ParameterName& name, const CameraNodes& nodes);
+    /// The kind that the name asks for.
+    static std::unique_ptr<MappedParameter> make(const ParameterName& name,
+                                                 const CameraNodes& nodes);
+
+    CxValue paramValue() override;
+    CxValue minimum() override;
+    CxValue maximum() override;
+    CxValue increment() override;
+    bool isUnsupported() const override { return !m_node; }
+
+    const QString& name() const { return m_name.name; }
+    const QString& unit() const { return m_name.unit; }
+    /// The node that holds it; null when it is not supported.
+    ArvGcNode* node() const { return m_node; }
+
+    /// In the host's type; `value` is left alone on failure. The parameter is supported.
+    virtual NodeResult read(CxValue& value) const;
+    /// The parameter is supported.
+    virtual NodeResult write(const CxValue& value);
+    /// What an enumeration takes now: names of constants; empty for others.
+    virtual QStringList entries() const { return {}; }
+
+protected:
+    /// Limits in the node's own numbers; none for switches and enumerations.
+    virtual NodeLimits limits() const;
+    const CameraNodes& nodes() const { return m_nodes; }
+
+private:
+    const ParameterName& m_name;
+    const CameraNodes& m_nodes;
+    ArvGcNode* m_node = nullptr;
+};
+
+} // namespace vistrel
