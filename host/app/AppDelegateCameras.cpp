@@ -3,6 +3,7 @@
 // Operations of the application: live cameras in views.
 #include "app/AppDelegate.h"
 
+#include "app/CaptureDialog.h"
 #include "app/ImageView.h"
 #include "app/LiveStream.h"
 #include "cameras/CameraManager.h"
@@ -62,16 +63,25 @@ bool AppDelegate::openLiveView(void* cameraHandle, QString& error)
     return true;
 }
 
-void AppDelegate::restartCameraWithDefaults(void*)
+void AppDelegate::restartCameraWithDefaults(void* cameraHandle)
 {
-    logError(tr("Restarting a camera with its defaults is not available"));
+    m_cameras.restartWithDefaults(cameraHandle);
 }
 
-SxPicBuf* AppDelegate::captureImageDialog(QWidget*, void*, const QString&, const QString&, bool,
-                                          int*, int)
+// The number is a countdown in seconds.
+SxPicBuf* AppDelegate::captureImageDialog(QWidget* parent, void* cameraHandle, const QString& title,
+                                          const QString& message, bool valueGiven, int* value, int)
 {
-    logError(tr("Capturing an image by dialog is not available"));
-    return nullptr;
+    CaptureDialog dialog(parent ? parent : mainWindow(), title, message);
+    if (valueGiven)
+        dialog.setCountdown(*value);
+    QString error = tr("No picture can be taken: the camera is not open");
+    if (!m_cameras.cameraParameters(cameraHandle)
+        || !dialog.watch(m_cameras, cameraHandle, liveView(cameraHandle), error)) {
+        logError(error);
+        return nullptr;
+    }
+    return dialog.exec() == QDialog::Accepted ? dialog.takePicture() : nullptr;
 }
 
 } // namespace vistrel

@@ -1,0 +1,60 @@
+// SPDX-FileCopyrightText: 2026 The Vistrel Python scripting authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The dialog in which a user takes one picture with a camera.
+#pragma once
+
+#include <CxImageData.h>
+
+#include <QtCore/QTimer>
+#include <QtWidgets/QDialog>
+
+#include <memory>
+#include <optional>
+
+class QLabel;
+class QPushButton;
+
+namespace vistrel {
+
+class CameraManager;
+class ImageView;
+class LiveStream;
+
+/// Shows what the camera sees now, with a button to take that picture and one to give up. It ends
+/// by itself, without a picture, when the camera is closed.
+class CaptureDialog : public QDialog {
+    Q_OBJECT
+
+public:
+    /// @param message  for the user; plain text.
+    CaptureDialog(QWidget* parent, const QString& title, const QString& message);
+    ~CaptureDialog() override;
+
+    /// Takes the picture by itself that many seconds after the first one was seen; 0 takes the
+    /// first. The user may still be faster.
+    void setCountdown(int seconds);
+    /// Shows an opened camera's frames: those of the view that streams it, or else those of a
+    /// stream of the dialog's own, which ends with it. False with the reason in `error`.
+    /// @param view  may be null.
+    bool watch(CameraManager& cameras, void* cameraHandle, ImageView* view, QString& error);
+
+    /// The picture that was taken, on the heap, both record and pixels the caller's; null when
+    /// there is no memory for it. For a dialog that was accepted.
+    SxPicBuf* takePicture() const;
+
+private:
+    class Preview;
+
+    void showFrame(std::unique_ptr<CxImageData> frame);
+    void countDown();
+
+    QLabel* m_countdownText;
+    Preview* m_preview;
+    QPushButton* m_capture;
+    std::unique_ptr<LiveStream> m_stream; ///< the dialog's own; null when a view streams
+    std::unique_ptr<CxImageData> m_shown;
+    std::optional<int> m_secondsLeft;
+    QTimer m_second;
+};
+
+} // namespace vistrel
