@@ -3,9 +3,14 @@
 // A camera over the network: a simulated one in a process of its own, reached over loopback.
 #include "CameraFixtures.h"
 
+#include "cameras/CameraNodes.h"
+
 #include <QtCore/QDir>
+#include <QtCore/QElapsedTimer>
+#include <QtCore/QFile>
 #include <QtCore/QLockFile>
 #include <QtCore/QProcess>
+#include <QtCore/QTemporaryDir>
 #include <QtCore/QThread>
 
 #include <gmock/gmock.h>
@@ -18,35 +23,87 @@ namespace {
 
 constexpr char serialNumber[] = "VISTREL01";
 
-struct NetworkCamera : CameraTest {
+/// A simulated camera in a process of its own.
+class CameraProcess {
+public:
+    CameraProcess(const char* address, const char* serial, int lostPerThousand = 0)
+        : serialNumber(QString::fromLatin1(serial))
+    {
+        m_process.setProcessChannelMode(QProcess::ForwardedChannels);
+        m_process.start(QStringLiteral("arv-fake-gv-camera-0.8"),
+                        {QStringLiteral("-i"), QString::fromLatin1(address), QStringLiteral("-s"),
+                         serialNumber, QStringLiteral("-r"), QString::number(lostPerThousand)});
+        EXPECT_TRUE(m_process.waitForStarted())
+            << "arv-fake-gv-camera-0.8 (package aravis-tools) cannot be started: "
+            << m_process.errorString().toStdString();
+    }
+    ~CameraProcess() { kill(); }
+    CameraProcess(const CameraProcess&) = delete;
+    CameraProcess& operator=(const CameraProcess&) = delete;
+
+    bool runs() const { return m_process.state() == QProcess::Running; }
+    /// Without a goodbye.
+    void kill()
+    {
+        m_process.kill();
+        m_process.waitForFinished();
+    }
+
+    const QString serialNumber;
+
+private:
+    QProcess m_process;
+};
+
+struct NetworkCameras : CameraTest {
     void SetUp() override
     {
         ASSERT_TRUE(onlyOne.tryLock(patience * 2)) << "another test holds the network camera";
-        process.setProcessChannelMode(QProcess::ForwardedChannels);
-        process.start(QStringLiteral("arv-fake-gv-camera-0.8"),
-                      {QStringLiteral("-i"), QStringLiteral("127.0.0.1"), QStringLiteral("-s"),
-                       QString::fromLatin1(serialNumber)});
-        ASSERT_TRUE(process.waitForStarted())
-            << "arv-fake-gv-camera-0.8 (package aravis-tools) cannot be started: "
-            << process.errorString().toStdString();
-        waitUntil([this] { return findId() || process.state() == QProcess::NotRunning; });
-        ASSERT_FALSE(id.isEmpty()) << "the network camera on 127.0.0.1 was not found; its program "
-                                   << (process.state() == QProcess::Running ? "runs" : "has ended");
     }
     void TearDown() override
     {
         for (void* camera : manager.openedCameras())
             manager.close(camera); // while it still answers
-        process.kill();
-        process.waitForFinished();
     }
-    bool findId()
+    /// The id by which a camera is opened, when it is there; empty when it never is.
+    QString idOf(const CameraProcess& process)
     {
-        for (const CameraListing& listing : manager.discover()) {
-            if (listing.serialNumber == QLatin1String(serialNumber))
-                id = listing.id;
-        }
-        return !id.isEmpty();
+        QString id;
+        waitUntil([&] {
+            for (const CameraListing& listing : manager.discover()) {
+                if (listing.serialNumber == process.serialNumber)
+                    id = listing.id;
+            }
+            return !id.isEmpty() || !process.runs();
+        });
+        EXPECT_FALSE(id.isEmpty()) << "the network camera was not found; its program "
+                                   << (process.runs() ? "runs" : "has ended");
+        return id;
+    }
+    void* open(const CameraProcess& process)
+    {
+        void* camera = manager.open(idOf(process), error);
+        EXPECT_NE(camera, nullptr) << error.toStdString();
+        return camera;
+    }
+    bool waitForFrames(void* camera, quint64 more)
+    {
+        const quint64 before = manager.statistics(camera).framesTaken;
+        return waitUntil([&] { return manager.statistics(camera).framesTaken >= before + more; });
+    }
+
+    // The port of such a camera is fixed: tests that run side by side take turns.
+    QLockFile onlyOne{QDir::temp().filePath(QStringLiteral("vistrel-network-camera.lock"))};
+};
+
+/// One camera on the address that every machine has.
+struct NetworkCamera : NetworkCameras {
+    void SetUp() override
+    {
+        NetworkCameras::SetUp();
+        process = std::make_unique<CameraProcess>("127.0.0.1", serialNumber);
+        id = idOf(*process);
+        ASSERT_FALSE(id.isEmpty());
     }
     void* openNetworkCamera()
     {
@@ -54,10 +111,17 @@ struct NetworkCamera : CameraTest {
         EXPECT_NE(camera, nullptr) << error.toStdString();
         return camera;
     }
+    /// Opens it, starts it, and kills it as soon as it streams.
+    void* openAndKill()
+    {
+        void* camera = openNetworkCamera();
+        start(camera);
+        EXPECT_FALSE(collector.take(1).empty());
+        process->kill();
+        return camera;
+    }
 
-    // The port of such a camera is fixed: tests that run side by side take turns.
-    QLockFile onlyOne{QDir::temp().filePath(QStringLiteral("vistrel-network-camera.lock"))};
-    QProcess process;
+    std::unique_ptr<CameraProcess> process;
     QString id;
 };
 
@@ -125,8 +189,7 @@ TEST_F(NetworkCamera, IsReportedLostWhenItDiesAndLeavesTheRestWorking)
         lost = handle;
         thread = QThread::currentThread();
     });
-    process.kill();
-    process.waitForFinished();
+    process->kill();
     ASSERT_TRUE(waitUntil([&] { return lost != nullptr; }));
     EXPECT_EQ(lost, camera);
     EXPECT_EQ(closing, camera);
@@ -147,8 +210,7 @@ TEST_F(NetworkCamera, TheManagerMayGoRightAfterTheCameraDied)
     ASSERT_NE(camera, nullptr) << error.toStdString();
     ASSERT_TRUE(own->start(camera, collector.sink(), error)) << error.toStdString();
     ASSERT_FALSE(collector.take(1).empty());
-    process.kill();
-    process.waitForFinished();
+    process->kill();
     own.reset();
     collector.take(0);
     start(openSimulated());
@@ -160,8 +222,7 @@ TEST_F(NetworkCamera, ClosingItRightAfterItDiedLeavesTheRestWorking)
     void* camera = openNetworkCamera();
     start(camera);
     ASSERT_FALSE(collector.take(1).empty());
-    process.kill();
-    process.waitForFinished();
+    process->kill();
     int reports = 0;
     QObject::connect(&manager, &CameraManager::cameraLost, &application, [&] { ++reports; });
     manager.close(camera);
@@ -170,6 +231,191 @@ TEST_F(NetworkCamera, ClosingItRightAfterItDiedLeavesTheRestWorking)
     start(openSimulated());
     EXPECT_FALSE(collector.take(1).empty());
     EXPECT_EQ(reports, 0);
+}
+
+TEST_F(NetworkCamera, IsOpenedAgainWhenItIsBackFromDeath)
+{
+    openAndKill();
+    ASSERT_TRUE(waitUntil([&] { return manager.openedCameraCount() == 0; }));
+    process = std::make_unique<CameraProcess>("127.0.0.1", serialNumber);
+    collector.take(0);
+    void* camera = open(*process);
+    start(camera);
+    EXPECT_FALSE(collector.take(1).empty());
+}
+
+TEST_F(NetworkCamera, IsRestartedWithTheValuesThatItWasFoundWith)
+{
+    void* camera = openNetworkCamera();
+    ASSERT_EQ(write(camera, "gain_db", CxValue::fromInt(7)), 0);
+    manager.cameraParameters(camera)->setROIRectParams(64, 32, 320, 200, true);
+    start(camera);
+    ASSERT_FALSE(collector.take(1).empty());
+    ASSERT_TRUE(manager.restartWithDefaults(camera));
+    EXPECT_EQ(manager.cameraParameters(camera), nullptr);
+    ASSERT_TRUE(waitUntil([&] { return manager.openedCameraCount() == 1; }));
+    camera = manager.openedCameras().constFirst();
+    EXPECT_EQ(manager.cameraParameters(camera)->cameraInfo().serialNumber,
+              QLatin1String(serialNumber));
+    EXPECT_EQ(read(camera, "gain_db").toFloat(), 0.0F);
+    EXPECT_EQ(manager.cameraParameters(camera)->currentROIRectParams(), QRect(0, 0, 512, 512));
+}
+
+/// A call to a dead camera takes 2.5 s until it is given up; two of them would take 5.
+constexpr qint64 longestWaitMs = 4500;
+
+struct DyingCamera : NetworkCamera {
+    /// Whether something that is done with a camera that has just died returns after one call that
+    /// got no answer, and the camera is given up then.
+    template<class Action>
+    void expectSoonGivenUp(Action action)
+    {
+        void* camera = openAndKill();
+        QElapsedTimer time;
+        time.start();
+        action(*manager.cameraParameters(camera), camera);
+        EXPECT_LT(time.elapsed(), longestWaitMs);
+        time.start();
+        EXPECT_TRUE(waitUntil([&] { return manager.openedCameraCount() == 0; }));
+        EXPECT_EQ(manager.cameraParameters(camera), nullptr);
+        EXPECT_LT(time.elapsed(), longestWaitMs);
+    }
+    LogCapture log;
+};
+
+TEST_F(DyingCamera, IsGivenUpByTheFirstValueThatIsSet)
+{
+    expectSoonGivenUp([](CxCameraParameters& parameters, void*) {
+        int status = 0;
+        CxCameraParam* width = parameters.findParam(QStringLiteral("width"), false);
+        width->paramValue(); // as scripts do it
+        EXPECT_FALSE(parameters.setParamDirect(QStringLiteral("width"), CxValue::fromInt(100),
+                                               &status, CxCameraParameters::RefreshLater));
+        EXPECT_EQ(status, static_cast<int>(ParameterStatus::Disconnected));
+    });
+}
+
+TEST_F(DyingCamera, IsGivenUpByTheFirstRegionThatIsSet)
+{
+    expectSoonGivenUp([](CxCameraParameters& parameters, void*) {
+        parameters.setROIRectParams(0, 0, 100, 100, true);
+        EXPECT_TRUE(parameters.currentROIRectParams().isEmpty());
+    });
+}
+
+TEST_F(DyingCamera, LeavesTheSettingsFileThereIs)
+{
+    QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("settings.json"));
+    expectSoonGivenUp([&](CxCameraParameters& parameters, void*) {
+        EXPECT_FALSE(parameters.saveParamValuesToFile(path, CxCameraParam::Guru));
+        EXPECT_FALSE(parameters.loadParamValuesFromFile(path, CxCameraParam::Guru, nullptr, true));
+    });
+    EXPECT_FALSE(QFile::exists(path));
+}
+
+TEST_F(DyingCamera, IsNotWaitedForWhenItIsStoppedAndRestarted)
+{
+    expectSoonGivenUp([&](CxCameraParameters& parameters, void* camera) {
+        CxShadingPreset preset;
+        preset.saveCurrentValuesFrom(&parameters);
+        manager.stop(camera);
+        EXPECT_FALSE(manager.start(camera, collector.sink(), error));
+        EXPECT_FALSE(manager.restartWithDefaults(camera));
+    });
+}
+
+TEST_F(DyingCamera, HoldsNobodyUpWhenNobodySpeaksToIt)
+{
+    void* camera = openAndKill();
+    QElapsedTimer sinceEvent;
+    qint64 longest = 0;
+    sinceEvent.start();
+    EXPECT_TRUE(waitUntil([&] {
+        longest = std::max(longest, sinceEvent.restart());
+        return manager.cameraParameters(camera) == nullptr;
+    }));
+    EXPECT_LT(longest, longestWaitMs);
+}
+
+struct LossyCamera : NetworkCameras {};
+
+TEST_F(LossyCamera, SendsWholeFramesAndTheOthersAreDroppedAndCounted)
+{
+    const CameraProcess process("127.0.0.1", "VISTREL02", 2);
+    void* camera = open(process);
+    start(camera);
+    EXPECT_TRUE(waitUntil([&] {
+        const StreamStatistics numbers = manager.statistics(camera);
+        return numbers.framesTaken >= 5 && numbers.framesDropped >= 5;
+    }));
+    manager.stop(camera);
+    int lastNumber = -1;
+    for (const auto& frame : collector.take(1)) {
+        const SxPicBuf& picture = *frame->picBuf();
+        EXPECT_EQ(picture.width, 512U);
+        EXPECT_EQ(picture.frameNumber, ++lastNumber);
+    }
+}
+
+/// Cameras on addresses of their own, which needs the right to give the machine a second one.
+struct TwoNetworkCameras : NetworkCameras {
+    void SetUp() override
+    {
+        NetworkCameras::SetUp();
+        if (!addAddress())
+            GTEST_SKIP() << "the address 127.0.0.2 cannot be added to this machine's loopback "
+                            "interface: "
+                         << refusal.toStdString();
+        first = std::make_unique<CameraProcess>("127.0.0.1", "VISTREL03");
+        second = std::make_unique<CameraProcess>("127.0.0.2", "VISTREL04");
+    }
+    bool addAddress()
+    {
+        QProcess ip;
+        ip.setProcessChannelMode(QProcess::MergedChannels);
+        ip.start(QStringLiteral("ip"),
+                 {QStringLiteral("address"), QStringLiteral("add"), QStringLiteral("127.0.0.2/8"),
+                  QStringLiteral("dev"), QStringLiteral("lo")});
+        ip.waitForFinished();
+        refusal = ip.error() == QProcess::FailedToStart ? ip.errorString()
+                                                        : QString::fromUtf8(ip.readAll()).trimmed();
+        return (ip.exitStatus() == QProcess::NormalExit && ip.exitCode() == 0
+                && ip.error() != QProcess::FailedToStart)
+               || refusal.contains(QLatin1String("File exists"));
+    }
+
+    QString refusal;
+    std::unique_ptr<CameraProcess> first;
+    std::unique_ptr<CameraProcess> second;
+};
+
+TEST_F(TwoNetworkCameras, StreamSideBySideAndOneOutlivesTheOther)
+{
+    void* one = open(*first);
+    void* other = open(*second);
+    ASSERT_TRUE(one && other);
+    EXPECT_EQ(manager.openedCameras(), (QList<void*>{one, other}));
+    EXPECT_NE(manager.cameraParameters(one)->cameraInfo().instancePath,
+              manager.cameraParameters(other)->cameraInfo().instancePath);
+    FrameCollector others;
+    start(one);
+    ASSERT_TRUE(manager.start(other, others.sink(), error)) << error.toStdString();
+    EXPECT_TRUE(waitForFrames(one, 3));
+    EXPECT_TRUE(waitForFrames(other, 3));
+    EXPECT_EQ(write(one, "gain_db", CxValue::fromInt(3)), 0);
+    EXPECT_EQ(read(other, "gain_db").toFloat(), 0.0F);
+
+    first->kill();
+    EXPECT_TRUE(waitUntil([&] { return manager.cameraParameters(one) == nullptr; }));
+    EXPECT_EQ(manager.openedCameras(), QList<void*>{other});
+    EXPECT_TRUE(waitForFrames(other, 3));
+    manager.close(other);
+    void* again = open(*second);
+    ASSERT_NE(again, nullptr);
+    ASSERT_TRUE(manager.start(again, others.sink(), error)) << error.toStdString();
+    EXPECT_TRUE(waitForFrames(again, 1));
+    manager.close(again);
 }
 
 } // namespace
