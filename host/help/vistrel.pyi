@@ -236,6 +236,23 @@ class Camera:
     serial number, or reads "camera(disconnected)".
 
     Use it on the main thread only.
+
+    Every camera parameter is also an attribute that is called. The names are
+    made of a prefix, the parameter's name and, for limits, an ending; here for
+    a parameter "p":
+
+        set_p(value)      set it; returns the status, as set_param() does
+        enable_p()        set it to True
+        disable_p()       set it to False
+        get_p()           its value; is_p() is the same
+        get_p_minimum()   its least value
+        get_p_maximum()   its greatest value
+        get_p_increment() the step between its values
+
+    For example camera.set_exposure_time_us(10_000) and camera.get_gain_db().
+    The parameters are those of the upper-case constants that every script
+    finds (GAIN_DB is "gain_db"); names that only the camera itself knows go
+    through set_param() and get_param().
     """
 
     def open_device(self, index: int = 0, /) -> None:
@@ -297,6 +314,137 @@ class Camera:
         camera may be closed too.
         """
 
+    def get_device_info_string(self, key: str, /) -> str:
+        """Get a text that says who the camera is.
+
+        Example: camera.get_device_info_string("device_sn").
+
+        Args:
+            key: one of "device_name", "device_sn" (serial number),
+                "device_user_id", "device_type" (kind of connection),
+                "device_inst_path" (place of connection) and
+                "device_model_id" (number of the model).
+
+        Returns:
+            the text; empty for every other key.
+
+        Raises:
+            SystemError: "returned NULL without setting an exception" when the
+                object is bound to no open camera.
+        """
+
+    def set_param(self, name: str, value: int | float | str, /) -> int:
+        """Set a parameter of the camera.
+
+        Example: camera.set_param("exposure_time_us", 10_000).
+
+        Each parameter that has a constant is also an attribute that is
+        called; for a parameter "p":
+
+            set_p(value)  set it; returns the status
+            enable_p()    set it to True
+            disable_p()   set it to False
+
+        So camera.set_exposure_time_us(10_000) does the same as above. A
+        refused type or number is a SystemError there, with what is told below
+        as its __cause__; on an object that is bound to no open camera nothing
+        happens and the result is None.
+
+        Args:
+            name: the parameter: one of the names of the upper-case constants,
+                for example EXPOSURE_TIME_US, or any name that the camera
+                itself knows, for example "ExposureTimeAbs".
+            value: what to set, in the parameter's unit.
+                It is converted to the parameter's type: True and False go as
+                1 and 0, floats lose their fraction where whole numbers are
+                needed. Of an int the low 32 bits count. An entry of an
+                enumeration may be given as its number or its name; a command
+                is executed by 1.
+
+        Returns:
+            what the host says: 0 done, 1 no such parameter, 2 not such a
+            value, 3 out of range, 4 not writable now or ever, 5 the camera
+            does not answer, 6 refused for another reason. A value that is
+            not taken leaves the camera as it is; the error log says why.
+
+        Raises:
+            Exception: "Unsupported camera parameter value type."
+            OverflowError: an int of more than 64 bits.
+            SystemError: "returned NULL without setting an exception" when the
+                object is bound to no open camera.
+        """
+
+    def get_param(self, name: str, /) -> int | float | bool | str | None:
+        """Get a parameter of the camera, its limits or its increment.
+
+        Example: camera.get_param("gain_db"), camera.get_param("gain_db:max").
+
+        Each parameter that has a constant is also an attribute that is
+        called; for a parameter "p":
+
+            get_p()            its value; is_p() is the same
+            get_p_minimum()    its least value
+            get_p_maximum()    its greatest value
+            get_p_increment()  the step between its values
+
+        So camera.get_gain_db_maximum() does the same as above. A parameter
+        that the camera lacks is a SystemError there, with the Exception below
+        as its __cause__; on an object that is bound to no open camera the
+        result is None.
+
+        Besides parameters there are texts that say who the camera is:
+        "device_sn", "device_inst_path", "device_type", "device_name" and
+        "device_user_id". The model's number is to be had from
+        get_device_info_string() alone; "device_model_id" reads 0 here.
+
+        Args:
+            name: the parameter, as for set_param(). The endings ":min",
+                ":max" and ":inc" ask for the least and greatest value and
+                the step between values, of parameters that have a constant.
+
+        Returns:
+            the value, in the parameter's unit.
+            Its type is that of the parameter; None when there is no value,
+            for example no limit.
+
+        Raises:
+            Exception: "Parameter not supported by the camera."
+            SystemError: "returned NULL without setting an exception" when the
+                object is bound to no open camera.
+        """
+
+    def set_roi(self, x: int, y: int, width: int, height: int, /) -> None:
+        """Set the region of interest: the part of the sensor that is read.
+
+        The host decides what it makes of numbers that the camera does not
+        take as they are; get_roi() tells what became of them.
+
+        Example: camera.set_roi(*roi) puts back what get_roi() returned.
+
+        Args:
+            x: left edge, in pixels of the sensor.
+            y: upper edge, in pixels of the sensor.
+            width: in pixels.
+            height: in pixels.
+
+        Raises:
+            SystemError: "returned NULL without setting an exception" when the
+                object is bound to no open camera.
+        """
+
+    def get_roi(self) -> tuple[int, int, int, int]:
+        """Get the region of interest: the part of the sensor that is read.
+
+        Example: x, y, width, height = camera.get_roi().
+
+        Returns:
+            x, y, width and height, in pixels of the sensor.
+
+        Raises:
+            SystemError: "returned NULL without setting an exception" when the
+                object is bound to no open camera.
+        """
+
     def start_acquisition(self) -> int:
         """Start the camera's live stream and activate the view that shows it.
 
@@ -313,6 +461,68 @@ class Camera:
 
         The view stays open on the last frame. Nothing happens when the camera
         does not stream or the object is bound to no open camera.
+        """
+
+    def save_settings_to_file(self, path: str, /) -> None:
+        """Save all parameters of the camera to a settings file.
+
+        A failed write is not reported to the script; the error log says why.
+
+        Args:
+            path: the file; a relative path starts at the folder that the host
+                resolves script paths against.
+
+        Raises:
+            SystemError: "returned NULL without setting an exception" when the
+                object is bound to no open camera.
+        """
+
+    def load_settings_from_file(self, path: str, /) -> None:
+        """Set the camera's parameters from a settings file.
+
+        What cannot be read or set is not reported to the script; the error
+        log says what and why.
+
+        Args:
+            path: the file; resolved like that of save_settings_to_file().
+
+        Raises:
+            SystemError: "returned NULL without setting an exception" when the
+                object is bound to no open camera.
+        """
+
+    def ask_user_capture_image(
+        self, title: str = "", message: str = "", value: int = -1, /
+    ) -> int:
+        """Let the user take one image and show it in a new view.
+
+        Opens a dialog with the camera's live image; the script goes on when
+        the user has closed it.
+
+        Args:
+            title: of dialog and view; empty stands for "Capture Image".
+            message: what the dialog tells the user; an empty text asks to
+                get the image right and press the button.
+            value: 0 or more: how many seconds after the button was pressed
+                the image is taken; negative or not given: at once.
+
+        Returns:
+            the id of the new view, or -1 when the user cancelled or no image
+            could be taken.
+        """
+
+    def restart_with_default_settings(self) -> bool:
+        """Restart the camera with the settings that it came with.
+
+        The camera is closed and opened anew; the host handles its events
+        meanwhile. The object is bound to the restarted camera, which is
+        recognised by its serial number; other objects that were bound to it
+        are not, they have to open it again.
+
+        Returns:
+            True when the camera is back; it takes one second at least. False
+            when it was not back after 30.5 seconds, or the object is bound to
+            no open camera.
         """
 
 @final

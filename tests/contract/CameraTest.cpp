@@ -180,8 +180,10 @@ TEST_F(CameraObject, MethodsStandInTheOrderOfTheTable)
 {
     EXPECT_EQ(value("' '.join(n for n in vars(vistrel.Camera) if not n.startswith('__'))"),
               QStringLiteral("open_device open_device_by_user_id open_device_by_SN "
-                             "open_device_by_path close_device start_acquisition "
-                             "stop_acquisition"));
+                             "open_device_by_path close_device get_device_info_string set_param "
+                             "get_param set_roi get_roi start_acquisition stop_acquisition "
+                             "save_settings_to_file load_settings_from_file "
+                             "ask_user_capture_image restart_with_default_settings"));
 }
 
 TEST_F(CameraObject, UnknownAttributesAreAttributeErrors)

@@ -7,6 +7,7 @@
 #include "FuncApp/ViewActions.h"
 #include "FuncImage/ImageType.h"
 #include "HostServices.h"
+#include "Interrupts.h"
 #include "PyErrors.h"
 
 #include <CxImageData.h>
@@ -21,10 +22,6 @@ using python::raise;
 namespace {
 
 constexpr int activeView = -1;
-
-/// Whether no Ctrl-C is pending; when one is, its error is set. Looked at right before a wait: the
-/// interpreter would look only after it, and the host cannot see an interrupt that came before.
-bool isUninterrupted() { return PyErr_CheckSignals() == 0; }
 
 /// None, or the refusal's error.
 PyObject* noneOrError(Outcome<bool> outcome)
@@ -126,7 +123,7 @@ PyObject* fx_pyapp_WaitForNextFrame(PyObject*, PyObject* args)
     int viewId = activeView;
     if (!PyArg_ParseTuple(args, "|di", &timeout, &viewId))
         return nullptr;
-    if (!isUninterrupted())
+    if (!python::isUninterrupted())
         return nullptr;
     Outcome<bool> frameCame = view_actions::waitForNextFrame(timeout, viewId);
     return frameCame ? python::newBool(frameCame.value()) : raise(frameCame.refusal());
@@ -139,7 +136,7 @@ PyObject* fx_pyapp_Wait(PyObject*, PyObject* args)
     double seconds = 0.0;
     if (!PyArg_ParseTuple(args, "d", &seconds))
         return nullptr;
-    if (!isUninterrupted())
+    if (!python::isUninterrupted())
         return nullptr;
     host_services::environment().wait(seconds);
     return newNone();

@@ -16,7 +16,7 @@ PyObject* bindOrError(PyObject* self, Outcome<void*> handle)
 {
     if (!handle)
         return python::raise(handle.refusal());
-    reinterpret_cast<pycam_userdata*>(self)->cameraHandle = handle.value();
+    fx_pycam_record(self)->cameraHandle = handle.value();
     return python::newNone();
 }
 
@@ -32,7 +32,7 @@ PyObject* openByField(PyObject* self, PyObject* args, QString SxCameraInfo::*fie
 
 PyObject* fx_pycam_ToString(PyObject* self)
 {
-    const CxCameraParameters* parameters = fx_pycam_parameters(self);
+    const CxCameraParameters* parameters = fx_pycam_parameters(fx_pycam_record(self));
     if (parameters == nullptr)
         return PyUnicode_FromString("camera(disconnected)");
     const SxCameraInfo& info = parameters->cameraInfo();
@@ -67,6 +67,6 @@ PyObject* fx_pycam_OpenByPath(PyObject* self, PyObject* args)
 PyObject* fx_pycam_Close(PyObject* self, PyObject*)
 {
     // The camera stays open in the host.
-    reinterpret_cast<pycam_userdata*>(self)->cameraHandle = nullptr;
+    fx_pycam_record(self)->cameraHandle = nullptr;
     return python::newNone();
 }

@@ -15,6 +15,19 @@ namespace {
 constexpr char notAvailable[] = "Camera not available";
 constexpr char notFound[] = "Camera not found";
 
+/// The first camera whose field reads like the text. A host that lists a null handle has no camera
+/// behind it.
+void* firstWith(QString SxCameraInfo::*field, const QString& text, Qt::CaseSensitivity cs)
+{
+    CxCameraManager& cameras = host_services::cameras();
+    for (void* const handle : cameras.openedCameras()) {
+        const CxCameraParameters* parameters = cameras.cameraParameters(handle);
+        if (parameters != nullptr && (parameters->cameraInfo().*field).compare(text, cs) == 0)
+            return handle;
+    }
+    return nullptr;
+}
+
 } // namespace
 
 Outcome<void*> atIndex(int index)
@@ -27,18 +40,15 @@ Outcome<void*> atIndex(int index)
 
 Outcome<void*> byField(QString SxCameraInfo::*field, const QString& text)
 {
-    CxCameraManager& cameras = host_services::cameras();
-    for (void* const handle : cameras.openedCameras()) {
-        const CxCameraParameters* parameters = cameras.cameraParameters(handle);
-        if (parameters == nullptr
-            || (parameters->cameraInfo().*field).compare(text, Qt::CaseInsensitive) != 0)
-            continue;
-        // The first match decides; a host that lists a null handle has no camera behind it.
-        if (handle == nullptr)
-            break;
-        return handle;
-    }
-    return Refusal{notFound};
+    void* const handle = firstWith(field, text, Qt::CaseInsensitive);
+    if (handle == nullptr)
+        return Refusal{notFound};
+    return handle;
+}
+
+void* bySerialNumber(const QString& serialNumber)
+{
+    return firstWith(&SxCameraInfo::serialNumber, serialNumber, Qt::CaseSensitive);
 }
 
 } // namespace camera_search

@@ -7,7 +7,7 @@
 
 #include <SxCameraInfo.h>
 
-/// Both throw python::HostUnavailable when the host is not there.
+/// All throw python::HostUnavailable when the host is not there.
 namespace camera_search {
 
 /// The handle at a position of the list of opened cameras.
@@ -15,5 +15,8 @@ Outcome<void*> atIndex(int index);
 
 /// The handle of the first opened camera whose field reads like the text, whatever the case.
 Outcome<void*> byField(QString SxCameraInfo::*field, const QString& text);
+
+/// The handle of the first opened camera with exactly that serial number; null when there is none.
+void* bySerialNumber(const QString& serialNumber);
 
 } // namespace camera_search

@@ -30,4 +30,10 @@ PyObject* fx_pycams_GetCount(PyObject* self, PyObject* args);
 
 /// The camera's parameters as the host has them now; null when the object is not bound or the host
 /// has closed the camera.
-CxCameraParameters* fx_pycam_parameters(PyObject* self);
+CxCameraParameters* fx_pycam_parameters(const pycam_userdata* camera);
+
+/// The record of an object that is known to be a camera.
+inline pycam_userdata* fx_pycam_record(PyObject* self)
+{
+    return reinterpret_cast<pycam_userdata*>(self);
+}

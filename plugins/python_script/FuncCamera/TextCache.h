@@ -1,0 +1,60 @@
+// SPDX-FileCopyrightText: 2026 The Vistrel Python scripting authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Remembers what was made of the texts in a script's code.
+#pragma once
+
+#include "PyRef.h"
+
+#include <array>
+#include <cstdint>
+
+/// Names and constants in a script's code are the same object each time they are met, so what was
+/// made of one is found by its address alone: no conversion from Python's form of texts to Qt's, no
+/// parsing. A text object never changes, and the cache holds it, so that no other one gets its
+/// address. A newer text takes the place of an older one: what find() returns is a copy.
+template<class Value>
+class TextCache {
+public:
+    /// What was made of that very object; the empty value when it is not there.
+    Value find(PyObject* text) const
+    {
+        const Slot& slot = m_slots[slotOf(text)];
+        return slot.text.get() == text ? slot.value : Value();
+    }
+
+    /// Remembers what was made of a text. Objects of classes derived from str are a script's own
+    /// and not to be held; long texts are not worth their memory.
+    void add(PyObject* text, const Value& value)
+    {
+        if (PyUnicode_CheckExact(text) && PyUnicode_GetLength(text) <= longest)
+            m_slots[slotOf(text)] = Slot{python::PyRef::retain(text), value};
+    }
+
+    /// For a new interpreter: the texts were the last one's, which took them with it.
+    void forget()
+    {
+        for (Slot& slot : m_slots) {
+            static_cast<void>(slot.text.release());
+            slot.value = Value();
+        }
+    }
+
+private:
+    static constexpr Py_ssize_t longest = 100;
+    static constexpr unsigned slotBits = 8;
+
+    struct Slot {
+        python::PyRef text;
+        Value value;
+    };
+
+    /// Objects are 16 bytes apart at least; the multiplier is the golden ratio's, as in Fibonacci
+    /// hashing.
+    static std::size_t slotOf(PyObject* text)
+    {
+        const std::uint64_t address = reinterpret_cast<std::uintptr_t>(text) >> 4U;
+        return static_cast<std::size_t>((address * 0x9E3779B97F4A7C15ULL) >> (64U - slotBits));
+    }
+
+    std::array<Slot, std::size_t{1} << slotBits> m_slots;
+};
