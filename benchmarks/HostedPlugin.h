@@ -6,6 +6,7 @@
 #include "app/HostApplication.h"
 
 #include <CxScriptLangInterface.h>
+#include <IxScriptEnvironment.h>
 
 #include <QtCore/QPluginLoader>
 #include <QtCore/QtDebug>
@@ -23,8 +24,8 @@
 /// Lives as long as the interpreter; one in a process.
 class HostedPlugin {
 public:
-    explicit HostedPlugin(vistrel::HostApplication& host)
-        : m_host(host)
+    explicit HostedPlugin(IxScriptEnvironment& environment)
+        : m_environment(environment)
     {
         QPluginLoader loader(QStringLiteral(VISTREL_PLUGIN_FILE));
         m_plugin.reset(qobject_cast<CxScriptLangInterface*>(loader.instance()));
@@ -35,12 +36,12 @@ public:
     void run(const QString& script, CxScriptLangInterface::OutputCallback output)
     {
         const QString errors =
-            m_plugin->runScript(script, &m_host.environment(), QString(), nullptr, nullptr, output);
+            m_plugin->runScript(script, &m_environment, QString(), nullptr, nullptr, output);
         if (!errors.isEmpty())
             fail(errors);
     }
 
 private:
-    vistrel::HostApplication& m_host;
+    IxScriptEnvironment& m_environment;
     std::unique_ptr<CxScriptLangInterface> m_plugin;
 };

@@ -14,7 +14,7 @@ int main(int argc, char** argv)
     vistrel::HostApplication host;
     QElapsedTimer timer;
     timer.start();
-    HostedPlugin plugin(host);
+    HostedPlugin plugin(host.environment());
     plugin.run(QString(), [](const QString&, bool) {});
     const qint64 nanoseconds = timer.nsecsElapsed();
     QTextStream(stdout) << static_cast<double>(nanoseconds) / 1e9 << Qt::endl;

@@ -50,7 +50,7 @@ int main(int argc, char** argv)
     const QApplication application(argc, argv);
     const int runs = QCoreApplication::arguments().at(1).toInt();
     vistrel::HostApplication host;
-    HostedPlugin plugin(host);
+    HostedPlugin plugin(host.environment());
     const double plain = growthOfARun(plugin, QStringLiteral("number = 1 + 1"), runs);
     const double making = growthOfARun(
         plugin, QStringLiteral("import vistrel\nimg = vistrel.Image()\nimg.alloc(64, 64, 1, 8)"),

@@ -56,6 +56,7 @@ def measure(programs_file: str, programs: dict[str, str], quick: bool) -> Figure
                                      programs_file)),
         **figures_of_lines(output_of(programs["vistrel_run"], str(FOLDER / "attributes.py"))),
         **figures_of_lines(output_of(programs["vistrel_run"], str(FOLDER / "pixels.py"))),
+        **figures_of_lines(output_of(programs["camera"], str(FOLDER / "camera.py"))),
         **figures_of_lines(output_of(programs["memory"], "500" if quick else "100000")),
     }
 

@@ -71,7 +71,7 @@ int main(int argc, char** argv)
 {
     const QApplication application(argc, argv);
     vistrel::HostApplication host;
-    HostedPlugin hosted(host);
+    HostedPlugin hosted(host.environment());
     plugin = &hosted;
     plugin->run(QString(), receive); // starts the interpreter
     benchmark::Initialize(&argc, argv);
