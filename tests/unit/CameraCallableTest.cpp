@@ -10,6 +10,8 @@
 
 #include <QtCore/QString>
 
+#include <vector>
+
 using python::PyRef;
 
 namespace {
@@ -68,8 +70,12 @@ TEST_F(TextMemory, HoldsTheTextUntilAnotherTakesItsPlace)
     cache.add(text.get(), QStringLiteral("made"));
     cache.add(text.get(), QStringLiteral("made again"));
     EXPECT_EQ(Py_REFCNT(text.get()), before + 1);
-    for (int i = 0; i < 10'000 && Py_REFCNT(text.get()) != before; ++i)
-        cache.add(PyRef::take(PyUnicode_FromFormat("text %d", i)).get(), QStringLiteral("other"));
+    // They are kept: the address of one that has gone would be given to the next one.
+    std::vector<PyRef> others;
+    while (others.size() < 10'000 && Py_REFCNT(text.get()) != before) {
+        others.push_back(PyRef::take(PyUnicode_FromFormat("text %zu", others.size())));
+        cache.add(others.back().get(), QStringLiteral("other"));
+    }
     EXPECT_EQ(Py_REFCNT(text.get()), before);
     EXPECT_TRUE(cache.find(text.get()).isEmpty());
 }
