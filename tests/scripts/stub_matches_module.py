@@ -77,8 +77,9 @@ class Stub:
     def texts(self):
         return [text for node in self.functions for text in (node.name, ast.get_docstring(node))]
 
-    def results(self):
-        return {node.name: self.written(node.returns) for node in self.functions}
+    def result_type(self, name):
+        (function,) = [node for node in self.functions if node.name == name]
+        return self.written(function.returns)
 
     def attribute_types(self):
         return {
@@ -139,7 +140,7 @@ def live_texts(owner, stub):
 
 def without_types(function, stub):
     text = function.__doc__ or ""
-    result = stub.results()[function.__name__]
+    result = stub.result_type(function.__name__)
     for name, kind in stub.argument_types(function.__name__).items():
         text = taken_out(text, f"\n    {name} ({kind}): ", f"\n    {name}: ")
     if result != "None":
