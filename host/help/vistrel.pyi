@@ -526,6 +526,232 @@ class Camera:
         """
 
 @final
+class Graph:
+    """A line chart, drawn into an image or copied to the clipboard.
+
+    A new graph has no series, a white background, black axes and a light grey
+    grid; both axes fit the data. Series and points can be added, never removed:
+    for a new chart make a new Graph. Calls with a wrong index do nothing.
+    """
+
+    def add_series(self) -> int:
+        """Add a series without points.
+
+        Its colour is the next one of red, blue, green, cyan, magenta, yellow,
+        then the dark tones of the same six, then red again.
+
+        Returns:
+            the index of the new series, from 0.
+
+        Raises:
+            Exception: "Graph object is empty" when __init__ never ran.
+
+        Example:
+            graph = vistrel.Graph()
+            series = graph.add_series()
+            for x in range(100):
+                graph.series_add_point(series, x, x * x)
+            image = vistrel.Image()
+            image.alloc(800, 600, 4, 8)
+            graph.draw_into_image(image)
+            image.save_to_file("parabola.png")
+        """
+
+    def series_add_point(self, series: int, x: float, y: float, /) -> None:
+        """Add a point to a series.
+
+        Points may come in any order: the chart's line goes through them from
+        the smallest x to the largest. A point whose x is not finite is not
+        drawn, one whose y is not finite leaves a gap in the line.
+
+        Args:
+            series: index of the series, from 0; with another one nothing
+                happens.
+            x: position along the x axis, in the unit of the axis.
+            y: position along the y axis, in the unit of the axis.
+
+        Raises:
+            Exception: "Graph object is empty" when __init__ never ran.
+        """
+
+    def series_set_line_color(
+        self, series: int, red: int, green: int, blue: int, alpha: int = 255, /
+    ) -> None:
+        """Set the colour of a series' line.
+
+        Args:
+            series: index of the series, from 0; with another one nothing
+                happens.
+            red: 0 to 255. With a part outside of it the colour is invalid and
+                is drawn black.
+            green: 0 to 255.
+            blue: 0 to 255.
+            alpha: accepted and ignored: colours are always opaque.
+
+        Raises:
+            Exception: "Graph object is empty" when __init__ never ran.
+        """
+
+    def get_series_count(self) -> int:
+        """Get the number of series.
+
+        Returns:
+            the number of series that were added.
+
+        Raises:
+            Exception: "Graph object is empty" when __init__ never ran.
+        """
+
+    def set_x_axis_range(self, minimum: float, maximum: float, /) -> None:
+        """Set what the x axis shows, and stop fitting it to the data.
+
+        Args:
+            minimum: left end, in the unit of the points. The smaller of both
+                ends is always on the left.
+            maximum: right end. With a range that has no ticks (empty, not
+                finite) the axis fits the data after all.
+
+        Raises:
+            Exception: "Graph object is empty" when __init__ never ran.
+        """
+
+    def set_x_axis_range_auto(self, on: bool, /) -> None:
+        """Fit the x axis to the data, or show the range that was set.
+
+        Args:
+            on: True to fit the data. False takes the range of
+                set_x_axis_range(), 0 to 256 when none was set. Any object
+                goes; its truth value counts.
+
+        Raises:
+            Exception: "Graph object is empty" when __init__ never ran.
+        """
+
+    def set_y_axis_range(self, minimum: float, maximum: float, /) -> None:
+        """Set what the y axis shows, and stop fitting it to the data.
+
+        Args:
+            minimum: lower end, in the unit of the points. The smaller of both
+                ends is always at the bottom.
+            maximum: upper end. With a range that has no ticks (empty, not
+                finite) the axis fits the data after all.
+
+        Raises:
+            Exception: "Graph object is empty" when __init__ never ran.
+        """
+
+    def set_y_axis_range_auto(self, on: bool, /) -> None:
+        """Fit the y axis to the data, or show the range that was set.
+
+        Args:
+            on: True to fit the data. False takes the range of
+                set_y_axis_range(), 0 to 256 when none was set. Any object
+                goes; its truth value counts.
+
+        Raises:
+            Exception: "Graph object is empty" when __init__ never ran.
+        """
+
+    def set_background_color(
+        self, red: int, green: int, blue: int, alpha: int = 255, /
+    ) -> None:
+        """Set the colour behind the chart.
+
+        Args:
+            red: 0 to 255. With a part outside of it the colour is invalid and
+                is drawn black.
+            green: 0 to 255.
+            blue: 0 to 255.
+            alpha: accepted and ignored: colours are always opaque.
+
+        Raises:
+            Exception: "Graph object is empty" when __init__ never ran.
+        """
+
+    def set_axes_color(
+        self, red: int, green: int, blue: int, alpha: int = 255, /
+    ) -> None:
+        """Set the colour of the axes, their ticks and the numbers beside them.
+
+        Args:
+            red: 0 to 255. With a part outside of it the colour is invalid and
+                is drawn black.
+            green: 0 to 255.
+            blue: 0 to 255.
+            alpha: accepted and ignored: colours are always opaque.
+
+        Raises:
+            Exception: "Graph object is empty" when __init__ never ran.
+        """
+
+    def set_grid_color(
+        self, red: int, green: int, blue: int, alpha: int = 255, /
+    ) -> None:
+        """Set the colour of the grid lines.
+
+        Args:
+            red: 0 to 255. With a part outside of it the colour is invalid and
+                is drawn black.
+            green: 0 to 255.
+            blue: 0 to 255.
+            alpha: accepted and ignored: colours are always opaque.
+
+        Raises:
+            Exception: "Graph object is empty" when __init__ never ran.
+        """
+
+    def set_dark_color_theme(self, on: bool = True, /) -> None:
+        """Switch background, axes and grid to dark colours, or back.
+
+        The colours of series stay.
+
+        Args:
+            on: True for the dark colours, False for the ones of a new graph.
+                Any object goes; its truth value counts.
+
+        Raises:
+            Exception: "Graph object is empty" when __init__ never ran.
+        """
+
+    def draw_into_image(self, image: Image, /) -> None:
+        """Draw the chart over a whole image.
+
+        The image keeps its size and format; all its pixels are painted over.
+        Take one of 4 channels for right colours: in an image of 3 channels red
+        and blue come out exchanged, a red line is drawn blue. Only for scripts
+        on the GUI thread, which a run is on; threads that it starts are not.
+
+        Args:
+            image: 3 or 4 channels of 8 bits, as alloc() makes them.
+
+        Raises:
+            Exception: "Graph object is empty" when __init__ never ran.
+            Exception: "the object passed is not a vistrel.Image"
+            Exception: "Image must have RGB or RGBA format"
+            Exception: "a graph is drawn and copied on the GUI thread only"
+            Exception:
+                "a graph cannot be drawn: the host has no user interface"
+            SystemError: "returned NULL without setting an exception" when the
+                image is empty.
+        """
+
+    def copy_series_data_to_clipboard(self, number: int, /) -> None:
+        """Copy the points of a series to the clipboard, as a table of text.
+
+        The first line is x, tab, y; then comes a line for each point, in the
+        order added, with 16 significant digits. Spreadsheets take it as two
+        columns. A clipboard that does not take the text is not reported.
+
+        Args:
+            number: which series, counted from 1, unlike everywhere else. With
+                a number that no series has nothing happens.
+
+        Raises:
+            Exception: "Graph object is empty" when __init__ never ran.
+            Exception: "a graph is drawn and copied on the GUI thread only"
+        """
+
+@final
 class Image:
     """A picture: pixels, frame numbers and how a camera took it.
 

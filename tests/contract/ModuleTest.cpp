@@ -22,7 +22,7 @@ TEST_F(Module, HoldsItsFunctionsInTheOrderOfTheTableThenTheTypes)
               QStringLiteral("get_number_devices open_file save_to_file duplicate_view "
                              "get_active_view_id activate_view close_view tile_views "
                              "switch_full_screen wait_for_next_frame wait get_view_image "
-                             "set_view_image new_view_with_image Camera Image"));
+                             "set_view_image new_view_with_image Camera Graph Image"));
 }
 
 TEST_F(Module, IsBuiltInAndUndocumented)
@@ -35,6 +35,7 @@ TEST_F(Module, IsBuiltInAndUndocumented)
 TEST_F(Module, TypesCannotBeSubclassed)
 {
     EXPECT_TRUE(error("class Mine(vistrel.Image): pass").startsWith(QLatin1String("TypeError")));
+    EXPECT_TRUE(error("class Mine(vistrel.Graph): pass").startsWith(QLatin1String("TypeError")));
     EXPECT_TRUE(error("class Mine(vistrel.Camera): pass").startsWith(QLatin1String("TypeError")));
 }
 

@@ -7,8 +7,8 @@
 
 #include <CxPicBufAPI.h>
 
-#include <QtCore/QCoreApplication>
 #include <QtCore/QThread>
+#include <QtWidgets/QApplication>
 
 using testing::ReturnArg;
 using testing::ReturnRef;
@@ -136,6 +136,6 @@ std::unique_ptr<CxImageData> makeImage(unsigned width, unsigned height, unsigned
 int main(int argc, char** argv)
 {
     testing::InitGoogleMock(&argc, argv);
-    const QCoreApplication application(argc, argv);
+    const QApplication application(argc, argv);
     return RUN_ALL_TESTS();
 }

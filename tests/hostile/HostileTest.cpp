@@ -34,14 +34,15 @@ def pool():
     except Exception: pass
     return [None, True, -1, 0, 3, 2**31 - 1, -2**31, 2**63, 1.5, float('nan'), float('inf'), '',
             'x.png', 'a\0b', '\udc80', Subtle('y'), b'bytes', [], (1, 2), {}, Loud(), vistrel,
-            vistrel.Image(), vistrel.Camera(), filled, vistrel.Image.__new__(vistrel.Image),
-            vistrel.Camera.__new__(vistrel.Camera)]
+            vistrel.Image(), vistrel.Camera(), vistrel.Graph(), filled,
+            vistrel.Image.__new__(vistrel.Image),
+            vistrel.Camera.__new__(vistrel.Camera), vistrel.Graph.__new__(vistrel.Graph)]
 
 def targets():
     for name, item in list(vars(vistrel).items()):
         if callable(item) and not name.startswith('__'):
             yield item
-    for make in (vistrel.Image, vistrel.Camera):
+    for make in (vistrel.Image, vistrel.Camera, vistrel.Graph):
         for name in list(vars(make)):
             if name not in ('__doc__', '__module__'):
                 yield getattr(make(), name, None)

@@ -7,6 +7,7 @@
 #include "CxPythonScriptPlugin.h"
 #include "FuncApp/AppViews.h"
 #include "FuncCamera/CameraType.h"
+#include "FuncGraph/GraphType.h"
 #include "FuncImage/ImageType.h"
 #include "PyErrors.h"
 
@@ -49,12 +50,14 @@ PyObject* moduleInit(PyObject*)
 {
     CxPythonScriptPlugin::addHelpToPythonFunctions("vistrel", px_app_funcs, nullptr, nullptr);
     fx_pycams_TypeReady();
+    fx_pygraphs_TypeReady();
     fx_pyimages_TypeReady();
     PyRef module = PyRef::take(PyModule_Create2(&px_app_module, PYTHON_ABI_VERSION));
     if (!module)
         return nullptr;
     // A type that cannot be added has said so itself; the module goes without it.
     fx_pycams_TypeAdd(module.get());
+    fx_pygraphs_TypeAdd(module.get());
     fx_pyimages_TypeAdd(module.get());
     return module.release();
 }
