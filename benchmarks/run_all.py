@@ -57,6 +57,7 @@ def measure(programs_file: str, programs: dict[str, str], quick: bool) -> Figure
         **figures_of_lines(output_of(programs["vistrel_run"], str(FOLDER / "attributes.py"))),
         **figures_of_lines(output_of(programs["vistrel_run"], str(FOLDER / "pixels.py"))),
         **figures_of_lines(output_of(programs["camera"], str(FOLDER / "camera.py"))),
+        **figures_of_lines(output_of(programs["vistrel_run"], str(FOLDER / "charts.py"))),
         **figures_of_lines(output_of(programs["memory"], "500" if quick else "100000")),
     }
 
@@ -87,6 +88,7 @@ def main() -> None:
     if options.quick:
         os.environ["VISTREL_BENCHMARK_QUICK"] = "1"
     programs = json.loads(Path(options.programs).read_text(encoding="utf-8"))
+    os.environ["VISTREL_BENCHMARK_PYTHON"] = programs["python"]
     title = machine(programs["python"])
     figures = measure(options.programs, programs, options.quick)
     print(title, "", *table.lines(figures, markdown=False), sep="\n")
