@@ -60,7 +60,7 @@ TEST_F(Help, EveryFunctionIsAskedForOnceInTheOrderOfTheTable)
     EXPECT_EQ(asked.first(), QStringLiteral("get_number_devices"));
 }
 
-TEST_F(Help, MethodsAreAskedForCameraBeforeImage)
+TEST_F(Help, MethodsAreAskedForCameraThenGraphThenImage)
 {
     QStringList types;
     ON_CALL(environment, methodHelp).WillByDefault([&types](const char* type, const char*) {
@@ -69,7 +69,8 @@ TEST_F(Help, MethodsAreAskedForCameraBeforeImage)
     });
     run("pass");
     types.removeDuplicates();
-    EXPECT_EQ(types, (QStringList{QStringLiteral("cameraObj"), QStringLiteral("imgObj")}));
+    EXPECT_EQ(types, (QStringList{QStringLiteral("cameraObj"), QStringLiteral("graphObj"),
+                                  QStringLiteral("imgObj")}));
 }
 
 TEST_F(Help, TextsAreFetchedOncePerInterpreter)
