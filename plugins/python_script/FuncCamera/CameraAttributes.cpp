@@ -42,20 +42,25 @@ using SharedAttribute = std::shared_ptr<const ParameterAttribute>;
 /// Never null. What is no text or has no UTF-8 form is an ordinary attribute.
 SharedAttribute parsedName(PyObject* name)
 {
-    SharedAttribute attribute = known_texts::attributes().find(name);
+    SharedAttribute attribute = known_texts::attributes.find(name);
     if (!attribute) {
         const std::string text = python::utf8Of(name).value_or("");
         attribute = std::make_shared<const ParameterAttribute>(
             ParameterAttribute::parse(QString::fromStdString(text)));
-        known_texts::attributes().add(name, attribute);
+        known_texts::attributes.add(name, attribute);
     }
     return attribute;
 }
 
 PyObject* newCallable(Access access, PyObject* camera, PyObject* name)
 {
-    const PyRef bound = PyRef::take(PyTuple_Pack(2, camera, name));
-    return bound ? PyCFunction_NewEx(&recordFor(access), bound.get(), nullptr) : nullptr;
+    const PyRef bound = PyRef::take(PyTuple_New(2));
+    if (!bound)
+        return nullptr;
+    // The tuple takes these references over.
+    PyTuple_SetItem(bound.get(), 0, PyRef::retain(camera).release());
+    PyTuple_SetItem(bound.get(), 1, PyRef::retain(name).release());
+    return PyCFunction_NewEx(&recordFor(access), bound.get(), nullptr);
 }
 
 PyObject* callHelper(const ParameterAttribute& attribute, PyObject* camera, PyObject* argument)

@@ -16,7 +16,7 @@ namespace {
 /// The key that was parsed from these very arguments before; empty when it was not.
 QString knownKey(PyObject* args)
 {
-    return PyTuple_Size(args) == 1 ? known_texts::keys().find(PyTuple_GetItem(args, 0)) : QString();
+    return PyTuple_Size(args) == 1 ? known_texts::keys.find(PyTuple_GetItem(args, 0)) : QString();
 }
 
 /// The key in the arguments of get_param(); nothing, with Python's error set, for wrong ones.
@@ -26,7 +26,7 @@ std::optional<QString> parsedKey(PyObject* args)
     if (!PyArg_ParseTuple(args, "s", &name))
         return std::nullopt;
     const QString key = QString::fromUtf8(name);
-    known_texts::keys().add(PyTuple_GetItem(args, 0), key);
+    known_texts::keys.add(PyTuple_GetItem(args, 0), key);
     return key;
 }
 

@@ -8,22 +8,15 @@ namespace known_texts {
 // They are never deleted: at the end of the process the interpreter that their texts belong to is
 // gone.
 
-TextCache<std::shared_ptr<const ParameterAttribute>>& attributes()
-{
-    static auto& cache = *new TextCache<std::shared_ptr<const ParameterAttribute>>;
-    return cache;
-}
+TextCache<std::shared_ptr<const ParameterAttribute>>& attributes =
+    *new TextCache<std::shared_ptr<const ParameterAttribute>>;
 
-TextCache<QString>& keys()
-{
-    static auto& cache = *new TextCache<QString>;
-    return cache;
-}
+TextCache<QString>& keys = *new TextCache<QString>;
 
 void forget()
 {
-    attributes().forget();
-    keys().forget();
+    attributes.forget();
+    keys.forget();
 }
 
 } // namespace known_texts

@@ -11,9 +11,9 @@
 namespace known_texts {
 
 /// Attributes of camera objects, taken apart. Null for unknown ones.
-TextCache<std::shared_ptr<const ParameterAttribute>>& attributes();
+extern TextCache<std::shared_ptr<const ParameterAttribute>>& attributes;
 /// Keys that were given to get_param(). Empty for unknown ones.
-TextCache<QString>& keys();
+extern TextCache<QString>& keys;
 
 /// To be called when a new interpreter has started: all texts belong to the last one.
 void forget();
