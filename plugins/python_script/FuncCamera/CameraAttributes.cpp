@@ -37,7 +37,7 @@ PyMethodDef& recordFor(Access access)
     }
 }
 
-using SharedAttribute = std::shared_ptr<const ParameterAttribute>;
+using SharedAttribute = LockedPtr<ParameterAttribute>;
 
 /// Never null. What is no text or has no UTF-8 form is an ordinary attribute.
 SharedAttribute parsedName(PyObject* name)
@@ -45,8 +45,7 @@ SharedAttribute parsedName(PyObject* name)
     SharedAttribute attribute = known_texts::attributes.find(name);
     if (!attribute) {
         const std::string text = python::utf8Of(name).value_or("");
-        attribute = std::make_shared<const ParameterAttribute>(
-            ParameterAttribute::parse(QString::fromStdString(text)));
+        attribute = SharedAttribute(ParameterAttribute::parse(QString::fromStdString(text)));
         known_texts::attributes.add(name, attribute);
     }
     return attribute;

@@ -8,8 +8,8 @@ namespace known_texts {
 // They are never deleted: at the end of the process the interpreter that their texts belong to is
 // gone.
 
-TextCache<std::shared_ptr<const ParameterAttribute>>& attributes =
-    *new TextCache<std::shared_ptr<const ParameterAttribute>>;
+TextCache<LockedPtr<ParameterAttribute>>& attributes =
+    *new TextCache<LockedPtr<ParameterAttribute>>;
 
 TextCache<QString>& keys = *new TextCache<QString>;
 

@@ -3,15 +3,14 @@
 // Names of attributes and parameters that scripts have used, in the host's form.
 #pragma once
 
+#include "FuncCamera/LockedPtr.h"
 #include "FuncCamera/ParameterAttribute.h"
 #include "FuncCamera/TextCache.h"
-
-#include <memory>
 
 namespace known_texts {
 
 /// Attributes of camera objects, taken apart. Null for unknown ones.
-extern TextCache<std::shared_ptr<const ParameterAttribute>>& attributes;
+extern TextCache<LockedPtr<ParameterAttribute>>& attributes;
 /// Keys that were given to get_param(). Empty for unknown ones.
 extern TextCache<QString>& keys;
 
