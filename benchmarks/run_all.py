@@ -38,20 +38,24 @@ def figures_of_google(text: str) -> Figures:
             continue
         if run.get("error_occurred"):
             raise SystemExit(f"{run['name']}: {run['error_message']}")
-        row, side = run["run_name"].split("/")
+        row, side = run["run_name"].split("/")[:2]  # "real_time" may follow
         seconds = run["real_time"] * 1e-9
         sides = figures.setdefault(row, {})
         sides[side] = min(seconds, sides.get(side, seconds))
     return figures
 
 
+def google_output_of(program: str, quick: bool) -> str:
+    return output_of(program, "--benchmark_format=json",
+                     f"--benchmark_min_time={0.001 if quick else 0.05}",
+                     f"--benchmark_repetitions={2 if quick else 30}",
+                     "--benchmark_enable_random_interleaving=true")
+
+
 def measure(programs_file: str, programs: dict[str, str], quick: bool) -> Figures:
-    google = output_of(programs["runs"], "--benchmark_format=json",
-                       f"--benchmark_min_time={0.001 if quick else 0.05}",
-                       f"--benchmark_repetitions={2 if quick else 30}",
-                       "--benchmark_enable_random_interleaving=true")
     return {
-        **figures_of_google(google),
+        **figures_of_google(google_output_of(programs["runs"], quick)),
+        **figures_of_google(google_output_of(programs["chains"], quick)),
         **figures_of_lines(output_of(programs["python"], str(FOLDER / "process.py"),
                                      programs_file)),
         **figures_of_lines(output_of(programs["vistrel_run"], str(FOLDER / "attributes.py"))),

@@ -116,10 +116,14 @@ CxImageData* AppDelegate::viewImage(int id) { return m_views.imageOf(id); }
 
 void AppDelegate::playSound(const QString& path) { m_sounds.play(path); }
 
-ImageView* AppDelegate::openView(const QString& title, std::unique_ptr<CxImageData> image)
+std::unique_ptr<ImageView> AppDelegate::newView(const QString& title)
 {
-    auto* view = new ImageView(m_views.takeId(), title);
-    view->setImage(std::move(image));
+    return std::make_unique<ImageView>(m_views.takeId(), title);
+}
+
+void AppDelegate::showView(std::unique_ptr<ImageView> newView)
+{
+    ImageView* const view = newView.release(); // the area's from now on
     connect(view, &ImageView::closing, this, [this, view] { dropView(view); });
     QMdiSubWindow* subWindow = window().area()->addSubWindow(view);
     subWindow->setAttribute(Qt::WA_DeleteOnClose);
@@ -127,7 +131,13 @@ ImageView* AppDelegate::openView(const QString& title, std::unique_ptr<CxImageDa
     subWindow->show();
     Q_EMIT viewOpened(view);
     activateView(view->id());
-    return view;
+}
+
+void AppDelegate::openView(const QString& title, std::unique_ptr<CxImageData> image)
+{
+    auto view = newView(title);
+    view->setImage(std::move(image));
+    showView(std::move(view));
 }
 
 void AppDelegate::dropView(ImageView* view)

@@ -68,7 +68,9 @@ Q_SIGNALS:
 
 private:
     MainWindow& window();
-    ImageView* openView(const QString& title, std::unique_ptr<CxImageData> image);
+    std::unique_ptr<ImageView> newView(const QString& title);
+    void showView(std::unique_ptr<ImageView> view);
+    void openView(const QString& title, std::unique_ptr<CxImageData> image);
     void dropView(ImageView* view);
     void setActive(ImageView* view);
     void tellActiveView();

@@ -54,12 +54,12 @@ bool AppDelegate::startLiveView(void* cameraHandle)
 
 bool AppDelegate::openLiveView(void* cameraHandle, QString& error)
 {
-    auto stream = std::make_unique<LiveStream>(m_cameras, cameraHandle);
-    if (!stream->start(error))
-        return false;
     const SxCameraInfo& info = m_cameras.cameraParameters(cameraHandle)->cameraInfo();
-    const QString title = tr("%1 (%2)").arg(info.deviceName, info.serialNumber);
-    openView(title, nullptr)->setStream(std::move(stream));
+    auto view = newView(tr("%1 (%2)").arg(info.deviceName, info.serialNumber));
+    view->setStream(std::make_unique<LiveStream>(m_cameras, cameraHandle, view->chain()));
+    if (!view->stream()->start(error))
+        return false;
+    showView(std::move(view));
     return true;
 }
 

@@ -7,6 +7,8 @@
 #include "app/ErrorLog.h"
 #include "app/ScriptEnvironment.h"
 #include "cameras/CameraManager.h"
+#include "chains/ChainManager.h"
+#include "chains/ClassRegistry.h"
 #include "core/HostSingletons.h"
 #include "core/ImageFormats.h"
 
@@ -31,10 +33,15 @@ private:
     ErrorLog m_errorLog;
     ImageFormatManager m_formats;
     CameraManager m_cameras;
+    ClassRegistry m_classes;
+    ChainManager m_chains;
     AppDelegate m_delegate{m_cameras};
     ScriptEnvironment m_environment;
     InstalledImageFormatManager m_installedFormats{m_formats};
     InstalledCameraManager m_installedCameras{m_cameras};
+    InstalledClassRegistry m_installedClasses{m_classes};
+    InstalledClassFactory m_installedClassFactory{m_classes};
+    InstalledChainManager m_installedChains{m_chains};
     InstalledAppDelegate m_installedDelegate{m_delegate};
 };
 

@@ -4,7 +4,9 @@
 #include "app/ImageView.h"
 
 #include "app/DisplayPicture.h"
+#include "app/ImageFile.h"
 #include "app/LiveStream.h"
+#include "chains/FilmRecorder.h"
 #include "core/Log.h"
 
 #include <CxImageData.h>
@@ -21,6 +23,7 @@ namespace {
 
 constexpr QSize emptyViewSize(320, 240);
 constexpr QSize largestSizeHint(800, 600);
+constexpr double usualFrameRate = 25.0;
 
 /// Where a picture of that size goes: as large as possible, in the middle.
 QRect fittedRect(const QSize& picture, const QRect& area)
@@ -37,11 +40,38 @@ ImageView::ImageView(int id, const QString& title)
 {
     setWindowTitle(title);
     setAttribute(Qt::WA_OpaquePaintEvent);
+    connect(&m_chain, &Chain::started, this, &ImageView::processAgain);
 }
 
-ImageView::~ImageView() = default;
+ImageView::~ImageView() { endWork(); }
 
 void ImageView::setImage(std::unique_ptr<CxImageData> image)
+{
+    m_isStill = image != nullptr;
+    processStill(std::move(image));
+}
+
+void ImageView::processStill(std::unique_ptr<CxImageData> source)
+{
+    const bool isProcessed = source && m_chain.hasEnabledElements();
+    std::unique_ptr<CxImageData> result = isProcessed ? copyOfImage(source.get()) : nullptr;
+    if (result)
+        m_chain.processAlone(*result);
+    else
+        result.swap(source);
+    show(std::move(result));
+    m_source = std::move(source);
+    if (m_image)
+        m_chain.end().observe(*m_image);
+}
+
+void ImageView::processAgain()
+{
+    if (m_isStill)
+        processStill(std::move(m_source ? m_source : m_image));
+}
+
+void ImageView::show(std::unique_ptr<CxImageData> image)
 {
     m_shown.store(image.get(), std::memory_order_release);
     m_image = std::move(image);
@@ -66,22 +96,43 @@ void ImageView::takeFrame()
     std::unique_ptr<CxImageData> frame = m_stream ? m_stream->takeNewest() : nullptr;
     if (!frame)
         return;
-    setImage(std::move(frame));
+    m_isStill = false;
+    m_source.reset();
+    show(std::move(frame));
     ++m_frameCount;
     Q_EMIT frameTaken();
 }
 
 bool ImageView::startRecording(QString path)
 {
-    logError(tr("Recording is not available: %1 was not made").arg(path));
-    return false;
+    if (isRecording()) {
+        logError(tr("\"%1\" is not recorded: the view is being recorded already").arg(path));
+        return false;
+    }
+    stopRecording();
+    const double cameraRate = m_stream ? m_stream->frameRate() : 0.0;
+    QString error;
+    m_recorder = FilmRecorder::start(path, cameraRate > 0.0 ? cameraRate : usualFrameRate, error);
+    if (!m_recorder) {
+        logError(tr("\"%1\" is not recorded: %2").arg(path, error));
+        return false;
+    }
+    m_chain.end().setObserver(
+        [recorder = m_recorder](CxImageData& image) { recorder->take(image); });
+    if (m_isStill && m_image)
+        m_recorder->take(*m_image);
+    return true;
 }
 
-void ImageView::stopRecording() {}
+void ImageView::stopRecording()
+{
+    m_chain.end().setObserver(nullptr);
+    if (m_recorder)
+        m_recorder->finish();
+    m_recorder.reset();
+}
 
-bool ImageView::isRecording() const { return false; }
-
-CxChainable* ImageView::chainEnd() { return nullptr; }
+bool ImageView::isRecording() const { return m_recorder && m_recorder->isRecording(); }
 
 QSize ImageView::sizeHint() const
 {
@@ -100,8 +151,17 @@ void ImageView::closeEvent(QCloseEvent* event)
         return;
     Q_EMIT closing();
     // The object itself waits for the event loop; what is large or busy goes now.
-    m_stream.reset();
+    endWork();
     setImage(nullptr);
+}
+
+void ImageView::endWork()
+{
+    m_stream.reset();
+    if (isRecording())
+        m_chain.drain(); // the last frames belong to the film
+    m_chain.stop();
+    stopRecording();
 }
 
 void ImageView::paintEvent(QPaintEvent*)

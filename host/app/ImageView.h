@@ -3,6 +3,8 @@
 // The window that shows an image or a camera's stream.
 #pragma once
 
+#include "chains/Chain.h"
+
 #include <CxMdiView.h>
 
 #include <QtGui/QImage>
@@ -15,6 +17,7 @@ class CxImageData;
 
 namespace vistrel {
 
+class FilmRecorder;
 class LiveStream;
 
 /// Content of a window in the main window's area. GUI thread, if not said otherwise.
@@ -23,13 +26,19 @@ class ImageView : public QWidget, public CxMdiView {
 
 public:
     ImageView(int id, const QString& title);
+    /// Stops its stream and ends its recording.
     ~ImageView() override;
 
     int id() const { return m_id; }
     /// What the view shows; null when that is nothing. It belongs to the view. Any thread, but the
     /// GUI thread may replace it.
     CxImageData* image() const { return m_shown.load(std::memory_order_acquire); }
+    /// Shows a picture that stands still, as the view's chain makes it. It is kept, and processed
+    /// anew whenever the chain has changed.
     void setImage(std::unique_ptr<CxImageData> image);
+
+    /// The way of the view's pictures; its end is the view.
+    Chain& chain() { return m_chain; }
 
     /// Shows a camera's frames from now on.
     void setStream(std::unique_ptr<LiveStream> stream);
@@ -41,11 +50,16 @@ public:
     /// Whether the window has been closed; the object follows when events are handled.
     bool isClosed() const { return m_closed; }
 
+    /// Records the pictures that come out of the chain, at the camera's frame rate, or 25 pictures
+    /// a second where there is none. A picture that stands still is recorded when it is set, and at
+    /// the start. False, with a line in the log, when the film cannot be made, and when a recording
+    /// is on already, which goes on.
     bool startRecording(QString path) override;
+    /// Returns when the film is complete.
     void stopRecording() override;
     bool isRecording() const override;
     quint64 frameCount() const override { return m_frameCount; }
-    CxChainable* chainEnd() override;
+    CxChainable* chainEnd() override { return &m_chain.end(); }
 
     QSize sizeHint() const override;
 
@@ -63,12 +77,20 @@ protected:
 
 private:
     void requestClose() override;
+    void processStill(std::unique_ptr<CxImageData> source);
+    void processAgain();
+    void show(std::unique_ptr<CxImageData> image);
+    void endWork();
     void updateDisplay();
 
     const int m_id;
+    Chain m_chain;
+    std::unique_ptr<CxImageData> m_source; // of m_image, if that has been processed
     std::unique_ptr<CxImageData> m_image;
+    bool m_isStill = false;                     // m_image is no frame of the stream
     std::atomic<CxImageData*> m_shown{nullptr}; // m_image for other threads
     std::unique_ptr<LiveStream> m_stream;
+    std::shared_ptr<FilmRecorder> m_recorder; // shared with the end of the chain
     quint64 m_frameCount = 0;
     bool m_closed = false;
     QImage m_display; // made when first painted, so that views without a screen cost nothing

@@ -1,10 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The Vistrel Python scripting authors
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A slot for one frame, filled on the stream thread and emptied on the GUI thread.
+// A slot for one frame, filled on the chain's thread and emptied on the GUI thread.
 #include "app/LiveStream.h"
 
 #include "cameras/CameraManager.h"
+#include "chains/Chain.h"
 
+#include <CxCameraParameters.h>
 #include <CxImageData.h>
 
 #include <mutex>
@@ -73,11 +75,14 @@ void LiveStream::Slot::allowNextAnnouncement()
     m_announced = false;
 }
 
-LiveStream::LiveStream(CameraManager& cameras, void* cameraHandle)
+LiveStream::LiveStream(CameraManager& cameras, void* cameraHandle, Chain& chain)
     : m_cameras(cameras)
     , m_camera(cameraHandle)
+    , m_chain(chain)
     , m_slot(std::make_shared<Slot>(*this))
 {
+    m_chain.end().setOutput(
+        [slot = m_slot](std::unique_ptr<CxImageData> frame) { slot->put(std::move(frame)); });
     connect(this, &LiveStream::frameArrived, this, &LiveStream::announce, Qt::QueuedConnection);
     connect(&cameras, &CameraManager::cameraClosing, this, &LiveStream::detach);
 }
@@ -87,25 +92,30 @@ LiveStream::~LiveStream()
     m_slot->close();
     if (m_camera)
         m_cameras.stop(m_camera);
+    m_chain.end().setOutput(nullptr);
 }
 
-bool LiveStream::start(QString& error)
-{
-    const auto sink = [slot = m_slot](std::unique_ptr<CxImageData> frame) {
-        slot->put(std::move(frame));
-    };
-    return m_cameras.start(m_camera, sink, error);
-}
+bool LiveStream::start(QString& error) { return m_cameras.start(m_camera, m_chain.input(), error); }
 
 void LiveStream::stop()
 {
     if (!m_camera)
         return;
     m_cameras.stop(m_camera);
+    m_chain.drain();
     Q_EMIT stopped();
 }
 
 bool LiveStream::isStreaming() const { return m_camera && m_cameras.isStreaming(m_camera); }
+
+double LiveStream::frameRate() const
+{
+    CxValue value;
+    CxCameraParameters* const parameters = m_cameras.cameraParameters(m_camera);
+    const bool isKnown =
+        parameters && parameters->getParamDirect(QStringLiteral("framerate"), value, nullptr);
+    return isKnown ? static_cast<double>(value.toFloat()) : 0.0;
+}
 
 std::unique_ptr<CxImageData> LiveStream::takeNewest() { return m_slot->take(); }
 

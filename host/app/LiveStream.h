@@ -12,17 +12,20 @@ class CxImageData;
 namespace vistrel {
 
 class CameraManager;
+class Chain;
 
-/// Keeps the newest frame of one camera until somebody takes it. The camera's thread never waits:
-/// a frame that nobody took in time is overwritten by the next one, and counted.
+/// Sends a camera's frames through a chain and keeps the newest one that comes out until somebody
+/// takes it. The camera's thread never waits: a frame that nobody took in time is overwritten by
+/// the next one, and counted.
 ///
 /// Belongs to the GUI thread. When the camera is closed or lost the stream ends by itself.
 class LiveStream : public QObject {
     Q_OBJECT
 
 public:
-    /// The manager must outlive the stream; the handle is that of an opened camera.
-    LiveStream(CameraManager& cameras, void* cameraHandle);
+    /// Manager and chain must outlive the stream, which is the only one of its chain; the handle is
+    /// that of an opened camera.
+    LiveStream(CameraManager& cameras, void* cameraHandle, Chain& chain);
     /// Stops the camera's stream.
     ~LiveStream() override;
 
@@ -30,9 +33,12 @@ public:
     void* camera() const { return m_camera; }
     /// Starts the camera; true also when it streams already. False with the reason in `error`.
     bool start(QString& error);
-    /// Stops the camera; a frame that waits to be taken stays.
+    /// Stops the camera and returns when its last frame is through the chain; a frame that waits to
+    /// be taken stays.
     void stop();
     bool isStreaming() const;
+    /// Frames a second as the camera is set; 0 when it cannot tell.
+    double frameRate() const;
 
     /// The newest frame, null when it has been taken already.
     std::unique_ptr<CxImageData> takeNewest();
@@ -55,7 +61,8 @@ private:
 
     CameraManager& m_cameras;
     void* m_camera;
-    std::shared_ptr<Slot> m_slot; // shared with the sink: a camera that is lost may still call it
+    Chain& m_chain;
+    std::shared_ptr<Slot> m_slot; // shared with the end of the chain
 };
 
 } // namespace vistrel

@@ -3,6 +3,8 @@
 // The host's singletons as pointers that are set from outside.
 #include "core/HostSingletons.h"
 
+#include "core/ClassFactory.h"
+
 #include <CxCameraManager.h>
 #include <CxChainManager.h>
 #include <CxImageFormatManager.h>
@@ -18,6 +20,7 @@ std::atomic<CxCameraManager*> cameraManager{nullptr};
 std::atomic<CxImageFormatManager*> imageFormatManager{nullptr};
 std::atomic<CxChainManager*> chainManager{nullptr};
 std::atomic<CxRTTI*> classRegistry{nullptr};
+std::atomic<vistrel::ClassFactory*> classFactory{nullptr};
 
 } // namespace
 
@@ -31,6 +34,18 @@ CxChainManager* CxChainManager::instance() { return chainManager; }
 
 CxRTTI* CxRTTI::instance() { return classRegistry; }
 
+QString CxRTTI::customNameForClass(const QString& className)
+{
+    vistrel::ClassFactory* const factory = classFactory;
+    return factory != nullptr ? factory->customName(className) : className;
+}
+
+QObject* CxRTTI::createInstanceOfClass(const QString& className)
+{
+    vistrel::ClassFactory* const factory = classFactory;
+    return factory != nullptr ? factory->create(className) : nullptr;
+}
+
 namespace vistrel {
 
 void installAppDelegate(IxAppDelegate* delegate) { appDelegate = delegate; }
@@ -42,5 +57,7 @@ void installImageFormatManager(CxImageFormatManager* manager) { imageFormatManag
 void installChainManager(CxChainManager* manager) { chainManager = manager; }
 
 void installClassRegistry(CxRTTI* registry) { classRegistry = registry; }
+
+void installClassFactory(ClassFactory* factory) { classFactory = factory; }
 
 } // namespace vistrel

@@ -93,20 +93,22 @@ void AlignedPicture::store() const
     CxPicBufAPI::CopyPicBuf(target, m_copy, false);
 }
 
-void logPixelError(const char* name)
+QString pixelErrorText()
 {
-    const auto log = [name](const QString& reason) {
-        logError(QStringLiteral("%1 failed: %2").arg(QLatin1String(name), reason));
-    };
     try {
         throw;
     } catch (const cv::Exception& error) {
-        log(QString::fromStdString(error.err));
+        return QString::fromStdString(error.err);
     } catch (const std::bad_alloc&) {
-        log(QStringLiteral("out of memory"));
+        return QStringLiteral("out of memory");
     } catch (const std::exception& error) {
-        log(QString::fromLocal8Bit(error.what()));
+        return QString::fromLocal8Bit(error.what());
     }
+}
+
+void logPixelError(const char* name)
+{
+    logError(QStringLiteral("%1 failed: %2").arg(QLatin1String(name), pixelErrorText()));
 }
 
 } // namespace vistrel

@@ -5,6 +5,8 @@
 
 #include <SxPicBuf.h>
 
+#include <QtCore/QString>
+
 #include <algorithm>
 #include <cstddef>
 #include <limits>
@@ -102,7 +104,9 @@ constexpr quint64 fullScale(unsigned bits)
     return bits >= 64 ? std::numeric_limits<quint64>::max() : (quint64{1} << bits) - 1;
 }
 
-/// Logs the exception that is being handled.
+/// What the exception that is being handled says, for people: one out of OpenCV or the heap.
+QString pixelErrorText();
+/// Logs it.
 void logPixelError(const char* name);
 
 /// Runs an operation that returns whether it succeeded; an exception out of OpenCV or the heap is
