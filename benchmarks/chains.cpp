@@ -85,7 +85,7 @@ std::unique_ptr<ChainElement> elementOf(const Case& wanted)
     for (const QString& name : registry.classesForInterface(QStringLiteral("CxChainable"), true)) {
         if (registry.customName(name) == QLatin1String(wanted.displayName))
             return std::unique_ptr<ChainElement>(
-                dynamic_cast<ChainElement*>(registry.create(name)));
+                dynamic_cast<ChainElement*>(registry.createInstance(name)));
     }
     return nullptr;
 }

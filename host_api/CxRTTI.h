@@ -18,11 +18,16 @@ public:
     /// @param instantiable  only classes of which instances can be made.
     virtual QList<QString> classesForInterface(const QString& interfaceName, bool instantiable) = 0;
 
-    /// A class's name for people; the class name itself when it has none.
+    /// A class's name for people; the class name itself when it has none, or when the host is not up.
     static QString customNameForClass(const QString& className);
-    /// A new instance, owned by the caller; null for an unknown class.
+    /// A new instance, owned by the caller; null for an unknown class, or when the host is not up.
     static QObject* createInstanceOfClass(const QString& className);
 
 protected:
     ~CxRTTI() = default;
+
+private:
+    /// What customNameForClass() and createInstanceOfClass() mean for the concrete registry.
+    virtual QString customName(const QString& className) = 0;
+    virtual QObject* createInstance(const QString& className) = 0;
 };

@@ -40,7 +40,6 @@ private:
     InstalledImageFormatManager m_installedFormats{m_formats};
     InstalledCameraManager m_installedCameras{m_cameras};
     InstalledClassRegistry m_installedClasses{m_classes};
-    InstalledClassFactory m_installedClassFactory{m_classes};
     InstalledChainManager m_installedChains{m_chains};
     InstalledAppDelegate m_installedDelegate{m_delegate};
 };

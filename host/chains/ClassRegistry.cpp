@@ -46,7 +46,7 @@ QString ClassRegistry::customName(const QString& className)
     return entry != nullptr ? entry->customName : className;
 }
 
-QObject* ClassRegistry::create(const QString& className)
+QObject* ClassRegistry::createInstance(const QString& className)
 {
     const Entry* const entry = find(className);
     return entry != nullptr && entry->make != nullptr ? entry->make() : nullptr;

@@ -4,7 +4,6 @@
 #pragma once
 
 #include "chains/Chain.h"
-#include "core/ClassFactory.h"
 
 #include <CxRTTI.h>
 
@@ -15,14 +14,14 @@ namespace vistrel {
 
 /// Knows all processing elements from the start. A class's name is that of its meta-object, its
 /// name for people the one in its Q_CLASSINFO. Any thread once it is made.
-class ClassRegistry : public CxRTTI, public ClassFactory {
+class ClassRegistry : public CxRTTI {
 public:
     ClassRegistry();
 
     /// In the order in which they were registered.
     QList<QString> classesForInterface(const QString& interfaceName, bool instantiable) override;
     QString customName(const QString& className) override;
-    QObject* create(const QString& className) override;
+    QObject* createInstance(const QString& className) override;
 
     /// Registers a class of which instances are made by its default constructor.
     template<class Class>

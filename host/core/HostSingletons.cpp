@@ -3,8 +3,6 @@
 // The host's singletons as pointers that are set from outside.
 #include "core/HostSingletons.h"
 
-#include "core/ClassFactory.h"
-
 #include <CxCameraManager.h>
 #include <CxChainManager.h>
 #include <CxImageFormatManager.h>
@@ -20,7 +18,6 @@ std::atomic<CxCameraManager*> cameraManager{nullptr};
 std::atomic<CxImageFormatManager*> imageFormatManager{nullptr};
 std::atomic<CxChainManager*> chainManager{nullptr};
 std::atomic<CxRTTI*> classRegistry{nullptr};
-std::atomic<vistrel::ClassFactory*> classFactory{nullptr};
 
 } // namespace
 
@@ -34,18 +31,6 @@ CxChainManager* CxChainManager::instance() { return chainManager; }
 
 CxRTTI* CxRTTI::instance() { return classRegistry; }
 
-QString CxRTTI::customNameForClass(const QString& className)
-{
-    vistrel::ClassFactory* const factory = classFactory;
-    return factory != nullptr ? factory->customName(className) : className;
-}
-
-QObject* CxRTTI::createInstanceOfClass(const QString& className)
-{
-    vistrel::ClassFactory* const factory = classFactory;
-    return factory != nullptr ? factory->create(className) : nullptr;
-}
-
 namespace vistrel {
 
 void installAppDelegate(IxAppDelegate* delegate) { appDelegate = delegate; }
@@ -57,7 +42,5 @@ void installImageFormatManager(CxImageFormatManager* manager) { imageFormatManag
 void installChainManager(CxChainManager* manager) { chainManager = manager; }
 
 void installClassRegistry(CxRTTI* registry) { classRegistry = registry; }
-
-void installClassFactory(ClassFactory* factory) { classFactory = factory; }
 
 } // namespace vistrel

@@ -11,8 +11,6 @@ class IxAppDelegate;
 
 namespace vistrel {
 
-class ClassFactory;
-
 /// Sets what the class's instance() returns; null takes it away. Nothing is owned: an object must
 /// be taken away before it goes. Any thread.
 void installAppDelegate(IxAppDelegate* delegate);
@@ -20,9 +18,6 @@ void installCameraManager(CxCameraManager* manager);
 void installImageFormatManager(CxImageFormatManager* manager);
 void installChainManager(CxChainManager* manager);
 void installClassRegistry(CxRTTI* registry);
-/// The same for what CxRTTI's static operations are passed on to. Without one, classes have no name
-/// but their own and no instances.
-void installClassFactory(ClassFactory* factory);
 
 /// Installs an object for as long as a scope lasts.
 template<auto Install>
@@ -44,6 +39,5 @@ using InstalledCameraManager = Installed<installCameraManager>;
 using InstalledImageFormatManager = Installed<installImageFormatManager>;
 using InstalledChainManager = Installed<installChainManager>;
 using InstalledClassRegistry = Installed<installClassRegistry>;
-using InstalledClassFactory = Installed<installClassFactory>;
 
 } // namespace vistrel

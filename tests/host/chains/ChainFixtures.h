@@ -34,7 +34,7 @@ inline std::unique_ptr<ChainElement> newElement(const char* displayName, Attribu
     for (const QString& name : registry.classesForInterface(QStringLiteral("CxChainable"), true)) {
         if (registry.customName(name) != QLatin1String(displayName))
             continue;
-        std::unique_ptr<QObject> object(registry.create(name));
+        std::unique_ptr<QObject> object(registry.createInstance(name));
         auto* const element = dynamic_cast<ChainElement*>(object.release());
         element->configure(confOf(attributes));
         return std::unique_ptr<ChainElement>(element);

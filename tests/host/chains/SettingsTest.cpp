@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Settings of processing elements: read from attributes, and written back.
 #include "ChainFixtures.h"
+#include "core/HostSingletons.h"
 
 #include <QtCore/QFile>
 
@@ -170,7 +171,7 @@ TEST(ClassRegistry, MakesElementsThatPluginsCanCast)
 {
     ClassRegistry registry;
     for (const QString& name : registry.classesForInterface(QStringLiteral("CxChainable"), true)) {
-        const std::unique_ptr<QObject> object(registry.create(name));
+        const std::unique_ptr<QObject> object(registry.createInstance(name));
         ASSERT_NE(object, nullptr) << qPrintable(name);
         auto* const element = qobject_cast<CxChainable*>(object.get());
         ASSERT_NE(element, nullptr) << qPrintable(name);
@@ -184,7 +185,7 @@ TEST(ClassRegistry, KnowsTheViewsElementButMakesNone)
     const QString name = QStringLiteral("vistrel::ChainEnd");
     EXPECT_TRUE(registry.classesForInterface(QStringLiteral("CxChainable"), false).contains(name));
     EXPECT_FALSE(registry.classesForInterface(QStringLiteral("CxChainable"), true).contains(name));
-    EXPECT_EQ(registry.create(name), nullptr);
+    EXPECT_EQ(registry.createInstance(name), nullptr);
     EXPECT_EQ(registry.customName(name), QStringLiteral("View"));
 }
 
@@ -194,5 +195,17 @@ TEST(ClassRegistry, KnowsNothingOfOtherNames)
     const QString name = QStringLiteral("NoSuchClass");
     EXPECT_TRUE(registry.classesForInterface(name, true).isEmpty());
     EXPECT_EQ(registry.customName(name), name);
-    EXPECT_EQ(registry.create(name), nullptr);
+    EXPECT_EQ(registry.createInstance(name), nullptr);
+}
+
+TEST(ClassRegistry, StandsBehindTheStaticOperationsOnceInstalled)
+{
+    ClassRegistry registry;
+    const QString name = QStringLiteral("vistrel::Flip");
+    EXPECT_EQ(CxRTTI::customNameForClass(name), name);
+    EXPECT_EQ(CxRTTI::createInstanceOfClass(name), nullptr);
+    const InstalledClassRegistry installed(registry);
+    EXPECT_EQ(CxRTTI::customNameForClass(name), QStringLiteral("Flip"));
+    const std::unique_ptr<QObject> flip(CxRTTI::createInstanceOfClass(name));
+    EXPECT_NE(flip, nullptr);
 }

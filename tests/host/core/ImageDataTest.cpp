@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Images as owners of their pixels, and the objects behind the host's singletons.
 #include "CoreFixtures.h"
-#include "core/ClassFactory.h"
 #include "core/HostSingletons.h"
 #include "core/ImageFormats.h"
 
@@ -156,28 +155,6 @@ TEST(Singletons, EachIsInstalledByItself)
     vistrel::installCameraManager(nullptr);
     EXPECT_EQ(CxCameraManager::instance(), nullptr);
     EXPECT_NE(IxAppDelegate::instance(), nullptr);
-}
-
-class OneClass : public vistrel::ClassFactory {
-public:
-    QString customName(const QString& className) override { return className.toUpper(); }
-    QObject* create(const QString& className) override
-    {
-        return className == QLatin1String("one") ? new QObject : nullptr;
-    }
-};
-
-TEST(Singletons, AClassFactoryStandsBehindTheRegistrysStaticOperations)
-{
-    const QString name = QStringLiteral("one");
-    EXPECT_EQ(CxRTTI::customNameForClass(name), name);
-    EXPECT_EQ(CxRTTI::createInstanceOfClass(name), nullptr);
-    OneClass factory;
-    const vistrel::InstalledClassFactory installed(factory);
-    EXPECT_EQ(CxRTTI::customNameForClass(name), QStringLiteral("ONE"));
-    const std::unique_ptr<QObject> instance(CxRTTI::createInstanceOfClass(name));
-    EXPECT_NE(instance, nullptr);
-    EXPECT_EQ(CxRTTI::createInstanceOfClass(QStringLiteral("two")), nullptr);
 }
 
 } // namespace
