@@ -171,8 +171,10 @@ void FilmRecorder::finish()
     m_worker.drain();
     m_worker.stop();
     m_writer.reset();
-    if (!std::exchange(m_finished, true))
-        report();
+    if (!m_claim)
+        return;
+    report();
+    m_claim.reset();
 }
 
 void FilmRecorder::write(CxImageData& image)

@@ -48,12 +48,11 @@ private:
     void endEarly(const QString& reason);
     void report() const;
 
-    const std::unique_ptr<Claim> m_claim;
+    std::unique_ptr<Claim> m_claim; ///< until it is finished
     const double m_framesPerSecond;
     std::unique_ptr<FilmWriter> m_writer; ///< the worker's while there is one
     quint64 m_written = 0;                ///< likewise
     bool m_ended = false;                 ///< likewise: ended by itself
-    bool m_finished = false;
     std::atomic<bool> m_recording{true};
     std::atomic<quint64> m_dropped{0};
     FrameWorker m_worker; // last: it ends first
