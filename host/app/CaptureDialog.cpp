@@ -92,7 +92,7 @@ bool CaptureDialog::watch(CameraManager& cameras, void* cameraHandle, ImageView*
                 [this, view] { showFrame(copyOfImage(view->image())); });
         return true;
     }
-    m_stream = std::make_unique<LiveStream>(cameras, cameraHandle);
+    m_stream = std::make_unique<LiveStream>(cameras, cameraHandle, m_chain);
     connect(m_stream.get(), &LiveStream::frameReady, this,
             [this] { showFrame(m_stream->takeNewest()); });
     return m_stream->start(error);

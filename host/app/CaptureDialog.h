@@ -3,6 +3,8 @@
 // The dialog in which a user takes one picture with a camera.
 #pragma once
 
+#include "chains/Chain.h"
+
 #include <CxImageData.h>
 
 #include <QtCore/QTimer>
@@ -51,6 +53,7 @@ private:
     QLabel* m_countdownText;
     Preview* m_preview;
     QPushButton* m_capture;
+    Chain m_chain;                        ///< of the dialog's own stream; without elements
     std::unique_ptr<LiveStream> m_stream; ///< the dialog's own; null when a view streams
     std::unique_ptr<CxImageData> m_shown;
     std::optional<int> m_secondsLeft;

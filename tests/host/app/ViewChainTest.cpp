@@ -216,7 +216,7 @@ TEST_F(ViewChain, IsRecordedAsItIsShown)
     cv::Mat picture;
     ASSERT_TRUE(player.read(picture));
     EXPECT_EQ(picture.cols, static_cast<int>(app.viewImage(id)->picBuf()->width));
-    const cv::Mat between = (picture > 80) & (picture < 170); // not but for edges
+    const cv::Mat between = (picture > 80) & (picture < 170); // edges alone
     EXPECT_LT(cv::mean(between)[0], 30);
 }
 
