@@ -201,18 +201,6 @@ TEST_F(View, ThatIsUnknownIsNotDuplicated)
     EXPECT_EQ(app.activeViewId(), only);
 }
 
-TEST_F(View, RecordsNothingYetAndSaysSo)
-{
-    CxMdiView* view = app.view(openView());
-    const LogLines log;
-    EXPECT_FALSE(view->startRecording(QStringLiteral("/nowhere/film.avi")));
-    EXPECT_TRUE(log.errors().join(u'\n').contains(QStringLiteral("/nowhere/film.avi")));
-    EXPECT_FALSE(view->isRecording());
-    view->stopRecording();
-    EXPECT_EQ(view->chainEnd(), nullptr);
-    EXPECT_EQ(view->frameCount(), 0U);
-}
-
 TEST_F(View, ImagesCanBeLookedUpOnOtherThreadsWhileTheyAreReplaced)
 {
     const int id = openView();
