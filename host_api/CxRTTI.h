@@ -18,7 +18,8 @@ public:
     /// @param instantiable  only classes of which instances can be made.
     virtual QList<QString> classesForInterface(const QString& interfaceName, bool instantiable) = 0;
 
-    /// A class's name for people; the class name itself when it has none, or when the host is not up.
+    /// A class's name for people; the class name itself when it has none, or when the host is not
+    /// up.
     static QString customNameForClass(const QString& className);
     /// A new instance, owned by the caller; null for an unknown class, or when the host is not up.
     static QObject* createInstanceOfClass(const QString& className);
