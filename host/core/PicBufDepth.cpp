@@ -10,6 +10,7 @@
 
 #include <numeric>
 #include <type_traits>
+#include <vector>
 
 namespace {
 
@@ -37,70 +38,43 @@ long double fullScaleOf(const SxPicBuf& buffer)
     return buffer.saturation > 0.0F ? static_cast<long double>(buffer.saturation) : 1.0L;
 }
 
-/// The largest product times divisor for which a float's 24 bits leave the product's error, after
-/// three roundings, below the distance from a half.
-constexpr quint64 exactInFloat = 1U << 21;
-
-/// By what full scale becomes full scale: a whole number and a proper fraction in lowest terms.
-struct ScaleFactor {
-    ScaleFactor(const SxPicBuf& source, const SxPicBuf& target)
-        : from(vistrel::fullScale(vistrel::significantBits(source)))
-        , to(vistrel::fullScale(vistrel::significantBits(target)))
-        , divisor(from / std::gcd(from, to % from))
-    {
-    }
-
-    template<class Real>
-    Real whole() const
-    {
-        return static_cast<Real>(to / from);
-    }
-    template<class Real>
-    Real fraction() const
-    {
-        return static_cast<Real>(static_cast<long double>(to % from)
-                                 / static_cast<long double>(from));
-    }
-
-    quint64 from;
-    quint64 to;
-    quint64 divisor;
-};
-
-/// Multiplies in floating point, and rounds by adding a half: quick, and exact as long as the
-/// product's error stays below the distance of any product from a half, see convertScaled.
-template<class Real, class From, class To>
+/// Multiplies in doubles, and rounds by adding a half: quick, and exact as long as the product's
+/// error stays below the distance of any product from a half, see convertScaled.
+template<class From, class To>
 void scaleQuickly(const SxPicBuf& source, const SxPicBuf& target)
 {
-    const ScaleFactor factor(source, target);
-    const auto full = static_cast<Real>(factor.from);
-    const Real whole = factor.whole<Real>();
-    const Real fraction = factor.fraction<Real>();
-    using Whole = std::conditional_t<sizeof(To) == 4, qint64, qint32>;
-    convertEach<From, To>(source, target, [full, whole, fraction](From value) {
-        Real real = std::min(static_cast<Real>(value), full);
-        Real half = Real{0.5};
+    const auto full = static_cast<double>(fullScaleOf(source));
+    const auto factor = static_cast<double>(fullScaleOf(target) / fullScaleOf(source));
+    convertEach<From, To>(source, target, [full, factor](From value) {
+        double scaled = std::min(static_cast<double>(value), full) * factor;
         if constexpr (std::is_signed_v<From>) {
-            real = std::max(real, -full);
-            half = real < 0 ? -half : half;
+            scaled = std::max(scaled, -full * factor);
+            scaled = scaled < 0 ? scaled - 0.5 : scaled + 0.5;
+        } else {
+            scaled += 0.5;
         }
-        return vistrel::cutOff<To>(static_cast<Whole>(real * whole)
-                                   + static_cast<Whole>(real * fraction + half));
+        using Whole = std::conditional_t<sizeof(To) == 4, qint64, qint32>;
+        return vistrel::cutOff<To>(static_cast<Whole>(scaled));
     });
 }
 
-/// Divides integers of at most 32 bits: exact.
+/// value * to / from rounded to the nearest, for integers of at most 32 bits.
+template<class To, class From>
+To scaledExactly(From value, quint64 from, quint64 to)
+{
+    const auto wide = static_cast<qint64>(value);
+    const auto magnitude = std::min(static_cast<quint64>(wide < 0 ? -wide : wide), from);
+    const auto scaled = static_cast<qint64>((magnitude * to + from / 2) / from);
+    return vistrel::cutOff<To>(wide < 0 ? -scaled : scaled);
+}
+
 template<class From, class To>
 void scaleByDivision(const SxPicBuf& source, const SxPicBuf& target)
 {
     const quint64 from = vistrel::fullScale(vistrel::significantBits(source));
     const quint64 to = vistrel::fullScale(vistrel::significantBits(target));
-    convertEach<From, To>(source, target, [from, to](From value) {
-        const auto wide = static_cast<qint64>(value);
-        const auto magnitude = std::min(static_cast<quint64>(wide < 0 ? -wide : wide), from);
-        const auto scaled = static_cast<qint64>((magnitude * to + from / 2) / from);
-        return vistrel::cutOff<To>(wide < 0 ? -scaled : scaled);
-    });
+    convertEach<From, To>(source, target,
+                          [from, to](From value) { return scaledExactly<To>(value, from, to); });
 }
 
 /// For 64-bit integers and floating-point values.
@@ -119,19 +93,21 @@ void scaleInReal(const SxPicBuf& source, const SxPicBuf& target)
 
 /// Whether OpenCV's product in floats rounds to the right integer, see convertScaled, and cuts off
 /// where we do: values above the source's full scale must have nowhere to go.
-bool isScaledExactlyByOpenCv(const ScaleFactor& factor, const SxPicBuf& source,
-                             const SxPicBuf& target)
+bool isScaledExactlyByOpenCv(const SxPicBuf& source, const SxPicBuf& target)
 {
-    const unsigned from = vistrel::significantBits(source);
-    const unsigned to = vistrel::significantBits(target);
+    const unsigned bits = vistrel::significantBits(source);
+    const unsigned toBits = vistrel::significantBits(target);
     // A product of more than 31 bits would wrap around: values may only be above a full scale that
     // shrinks.
-    const bool isCutOff =
-        from == vistrel::elementBits(source) || (to == vistrel::elementBits(target) && to <= from);
+    const bool isCutOff = bits == vistrel::elementBits(source)
+                          || (toBits == vistrel::elementBits(target) && toBits <= bits);
     const bool isUnsigned =
         source.dataType != ExImageDataType::Int8 && source.dataType != ExImageDataType::Int16;
-    const bool isExact = factor.to * factor.divisor < exactInFloat
-                         || (factor.divisor == 1 && factor.to < (1U << 23));
+    const quint64 from = vistrel::fullScale(bits);
+    const quint64 to = vistrel::fullScale(toBits);
+    const quint64 divisor = from / std::gcd(from, to);
+    // A float has 24 bits, of which rounding the factor and the product leaves 22 right.
+    const bool isExact = to * divisor < (1U << 22) || (divisor == 1 && to < (1U << 23));
     return isCutOff && isUnsigned && isExact && vistrel::fitsMat(source);
 }
 
@@ -143,17 +119,32 @@ void scaleByOpenCv(const SxPicBuf& source, const SxPicBuf& target)
         .convertTo(result, depth, static_cast<double>(fullScaleOf(target) / fullScaleOf(source)));
 }
 
+/// Looks every value up in a table of all that the elements can hold: exact for any two depths, and
+/// as quick as OpenCV's products. Only for pictures that are larger than the table.
+template<class From, class To>
+void scaleByTable(const SxPicBuf& source, const SxPicBuf& target)
+{
+    using Index = std::make_unsigned_t<From>;
+    const quint64 from = vistrel::fullScale(vistrel::significantBits(source));
+    const quint64 to = vistrel::fullScale(vistrel::significantBits(target));
+    std::vector<To> table(std::size_t{std::numeric_limits<Index>::max()} + 1);
+    for (std::size_t i = 0; i < table.size(); ++i)
+        table[i] = scaledExactly<To>(static_cast<From>(static_cast<Index>(i)), from, to);
+    convertEach<From, To>(source, target,
+                          [&](From value) { return table[static_cast<Index>(value)]; });
+}
+
 /// Elements of at most 16 bits.
 template<class From, class To>
 void scaleNarrow(const SxPicBuf& source, const SxPicBuf& target)
 {
-    const ScaleFactor factor(source, target);
-    if (isScaledExactlyByOpenCv(factor, source, target))
+    constexpr std::size_t tableSize = std::size_t{1} << (8 * sizeof(From));
+    if (isScaledExactlyByOpenCv(source, target))
         scaleByOpenCv(source, target);
-    else if (factor.to % factor.from * factor.divisor < exactInFloat)
-        scaleQuickly<float, From, To>(source, target);
+    else if (vistrel::valuesPerLine(source) * source.height > tableSize)
+        scaleByTable<From, To>(source, target);
     else
-        scaleQuickly<double, From, To>(source, target);
+        scaleByDivision<From, To>(source, target);
 }
 
 /// Full scale becomes full scale. A product of integers v * T / S is never a half, as S is odd:
@@ -170,7 +161,7 @@ void convertScaled(const SxPicBuf& source, const SxPicBuf& target)
     else if constexpr (sizeof(From) <= 2 && sizeof(To) <= 2)
         scaleNarrow<From, To>(source, target);
     else if (product < 0x1p50L)
-        scaleQuickly<double, From, To>(source, target);
+        scaleQuickly<From, To>(source, target);
     else
         scaleByDivision<From, To>(source, target);
 }

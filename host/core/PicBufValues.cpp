@@ -24,8 +24,7 @@ Extremes<Element> extremesOf(const SxPicBuf& buffer)
         Element smallest = result.smallest;
         Element largest = result.largest;
         for (std::size_t i = 0; i < values; ++i) {
-            if constexpr (std::is_signed_v<Element>) // nobody asks for it otherwise
-                smallest = line[i] < smallest ? line[i] : smallest;
+            smallest = line[i] < smallest ? line[i] : smallest;
             largest = line[i] > largest ? line[i] : largest;
         }
         result = {smallest, largest};
@@ -83,6 +82,41 @@ unsigned bitsFor(const Range& range)
     return static_cast<unsigned>(std::bit_width(magnitude)) + 1;
 }
 
+/// Bits that hold all values of a picture of integers. Those of unsigned ones are the bits that any
+/// value has, which is quicker to see than which of them is the largest.
+template<class Element>
+unsigned bitsUsed(const SxPicBuf& buffer)
+{
+    if constexpr (std::is_signed_v<Element>) {
+        return bitsFor(rangeFrom(extremesOf<Element>(buffer)));
+    } else {
+        Element used = 0;
+        vistrel::forEachLine<Element>(buffer, [&used](const Element* line, std::size_t values) {
+            Element bits = 0;
+            for (std::size_t i = 0; i < values; ++i)
+                bits = static_cast<Element>(bits | line[i]);
+            used = static_cast<Element>(used | bits);
+        });
+        return static_cast<unsigned>(std::bit_width(used));
+    }
+}
+
+/// The same in `bits`; false when there is no memory to look at it.
+bool findBits(const SxPicBuf& buffer, unsigned& bits)
+{
+    return vistrel::guarded("Looking at pixel values", [&] {
+        const vistrel::AlignedPicture aligned(buffer);
+        bits = vistrel::visitElementType(buffer.dataType, [&](auto element) {
+            using Element = decltype(element);
+            if constexpr (std::is_floating_point_v<Element>)
+                return 0U;
+            else
+                return bitsUsed<Element>(aligned.buffer());
+        });
+        return true;
+    });
+}
+
 /// The next depth that pictures come in.
 unsigned depthFor(unsigned bits)
 {
@@ -104,10 +138,10 @@ bool CxPicBufAPI::CheckPicValidData(const SxPicBuf& buffer)
 
 unsigned CxPicBufAPI::DetectColorBitDepth(SxPicBuf& buffer, unsigned maxBpc, bool update)
 {
-    Range range;
-    if (!holdsIntegers(buffer) || !findRange(buffer, range))
+    unsigned bits = 0;
+    if (!holdsIntegers(buffer) || !findBits(buffer, bits))
         return buffer.bpc;
-    const unsigned depth = depthFor(bitsFor(range));
+    const unsigned depth = depthFor(bits);
     const unsigned result = maxBpc == 0 ? depth : std::min(depth, maxBpc);
     if (update)
         buffer.bpc = result;
