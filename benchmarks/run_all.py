@@ -15,6 +15,9 @@ import table
 
 FOLDER = Path(__file__).resolve().parent
 DOCUMENT = FOLDER.parent / "docs" / "benchmarks.md"
+# Those that run in vistrel-run.
+SCRIPTS = ("attributes.py", "pixels.py", "imports.py", "access.py", "measurements.py",
+           "conversions.py", "peak_memory.py", "charts.py")
 FIGURES_HEADING = "## Figures\n"
 
 Figures = dict[str, dict[str, float]]
@@ -45,6 +48,13 @@ def figures_of_google(text: str) -> Figures:
     return figures
 
 
+def figures_of_scripts(vistrel_run: str) -> Figures:
+    figures: Figures = {}
+    for script in SCRIPTS:
+        figures |= figures_of_lines(output_of(vistrel_run, str(FOLDER / script)))
+    return figures
+
+
 def google_output_of(program: str, quick: bool) -> str:
     return output_of(program, "--benchmark_format=json",
                      f"--benchmark_min_time={0.001 if quick else 0.05}",
@@ -58,10 +68,8 @@ def measure(programs_file: str, programs: dict[str, str], quick: bool) -> Figure
         **figures_of_google(google_output_of(programs["chains"], quick)),
         **figures_of_lines(output_of(programs["python"], str(FOLDER / "process.py"),
                                      programs_file)),
-        **figures_of_lines(output_of(programs["vistrel_run"], str(FOLDER / "attributes.py"))),
-        **figures_of_lines(output_of(programs["vistrel_run"], str(FOLDER / "pixels.py"))),
+        **figures_of_scripts(programs["vistrel_run"]),
         **figures_of_lines(output_of(programs["camera"], str(FOLDER / "camera.py"))),
-        **figures_of_lines(output_of(programs["vistrel_run"], str(FOLDER / "charts.py"))),
         **figures_of_lines(output_of(programs["memory"], "500" if quick else "100000")),
     }
 

@@ -21,6 +21,7 @@ MICROSECONDS = Unit("us", 1e-6)
 MILLISECONDS = Unit("ms", 1e-3)
 BYTES = Unit("B", 1)
 MEBIBYTES = Unit("MiB", 2**20)
+PICTURES = Unit("pictures", 1)
 
 
 @dataclass(frozen=True)
@@ -53,6 +54,10 @@ class Row:
         return self.amount
 
 
+NUMPY_STATISTICS = "`mean`, `std`, `min`, `max` of numpy"
+OPENCV_STATISTICS = "`cv2.meanStdDev` and `minMaxLoc`"
+
+# Of 1920 x 1080 pixels where nothing else is said.
 ROWS = [
     Row("empty_run", "run of an empty script", "compile and evaluate it in C", MICROSECONDS,
         more=20e-6),
@@ -78,6 +83,61 @@ ROWS = [
     Row("add_point", "`graph.series_add_point(s, x, y)`", "`list.append((x, y))`", NANOSECONDS,
         times=2),
     Row("point_memory", "memory of a point", "", BYTES, amount=24),
+    Row("import_8", "`from_array` of 8 bits", "`numpy.copy`", MICROSECONDS, times=1.3),
+    Row("import_12", "`from_array` of 16 bits, 12 used", "`numpy.copy`", MICROSECONDS, times=2.5),
+    Row("import_colour", "`from_array` of 8-bit colours", "`numpy.copy`", MICROSECONDS, times=1.3),
+    Row("import_8_huge", "8 bits, 8192 x 8192", "`numpy.copy`", MILLISECONDS, times=1.3),
+    Row("import_12_huge", "16 bits, 12 used, 8192 x 8192", "`numpy.copy`", MILLISECONDS,
+        times=2.5),
+    Row("get_pixel_numpy", "`get_pixel_value`", "`array[y, x]`", NANOSECONDS, times=2),
+    Row("get_pixel_pillow", "`get_pixel_value`", "Pillow's `getpixel`", NANOSECONDS, times=0.4),
+    Row("set_pixel_numpy", "`set_pixel_value`", "`array[y, x] = v`", NANOSECONDS, times=2),
+    Row("set_pixel_pillow", "`set_pixel_value`", "Pillow's `putpixel`", NANOSECONDS, times=0.4),
+    Row("line_opencv", "`draw_pixel_line` of 1000 pixels", "`cv2.line`", MICROSECONDS, times=1.5),
+    Row("line_pillow", "`draw_pixel_line` of 1000 pixels", "Pillow's `line`", MICROSECONDS,
+        times=1),
+    Row("measure_8_numpy", "`measure_rect`, 8 bits", NUMPY_STATISTICS, MICROSECONDS, times=0.1),
+    Row("measure_8_opencv", "`measure_rect`, 8 bits", OPENCV_STATISTICS, MICROSECONDS, times=1),
+    Row("measure_16_numpy", "`measure_rect`, 16 bits", NUMPY_STATISTICS, MICROSECONDS, times=0.2),
+    Row("measure_16_opencv", "`measure_rect`, 16 bits", OPENCV_STATISTICS, MICROSECONDS,
+        times=0.2),
+    Row("measure_colour_numpy", "`measure_rect`, 3 x 8 bits", NUMPY_STATISTICS, MICROSECONDS,
+        times=0.1),
+    Row("measure_colour_opencv", "`measure_rect`, 3 x 8 bits", OPENCV_STATISTICS, MICROSECONDS,
+        times=1),
+    Row("measure_float_numpy", "`measure_rect`, floats", NUMPY_STATISTICS, MICROSECONDS, times=1),
+    Row("measure_float_opencv", "`measure_rect`, floats", OPENCV_STATISTICS, MICROSECONDS,
+        times=1),
+    Row("measure_32_numpy", "`measure_rect`, 32 bits", NUMPY_STATISTICS, MICROSECONDS, times=1),
+    Row("measure_8_huge_numpy", "the same, 8 bits, 8192 x 8192", NUMPY_STATISTICS, MILLISECONDS,
+        times=0.1),
+    Row("measure_8_huge_opencv", "the same, 8 bits, 8192 x 8192", OPENCV_STATISTICS, MILLISECONDS,
+        times=1),
+    Row("profiles_rows", "row profiles", NUMPY_STATISTICS + " along an axis", MILLISECONDS,
+        times=1),
+    Row("profiles_columns", "column profiles", NUMPY_STATISTICS + " along an axis", MILLISECONDS,
+        times=1),
+    Row("to_rgb_mono", "`to_rgb` of grey", "`cv2.cvtColor`", MICROSECONDS, times=1.2),
+    Row("to_rgb_colour", "`to_rgb` of colours", "`cv2.cvtColor`", MICROSECONDS, times=1.2),
+    Row("extract_channel", "`extract_channel`", "`cv2.extractChannel`", MICROSECONDS, times=1.2),
+    Row("bpc_12_to_8", "`convert_bpc`, 12 to 8", "`cv2.convertScaleAbs`", MICROSECONDS, times=1.2),
+    Row("bpc_16_to_8", "`convert_bpc`, 16 to 8", "`cv2.convertScaleAbs`", MICROSECONDS, times=1.2),
+    Row("bpc_8_to_16", "`convert_bpc`, 8 to 16", "`cv2.multiply`", MICROSECONDS, times=1.2),
+    Row("bpc_12_to_16", "`convert_bpc`, 12 to 16", "`cv2.multiply`", MICROSECONDS, times=1.2),
+    Row("crop", "`crop` to a quarter", "`array[y:y + h, x:x + w].copy()`", MICROSECONDS,
+        times=1.2),
+    Row("resize_half", "`resize` to half", "`cv2.resize`", MICROSECONDS, times=1.2),
+    Row("resize_smaller", "`resize` of colours to a third", "`cv2.resize`", MICROSECONDS,
+        times=1.2),
+    Row("resize_larger", "`resize` to a sixth more", "`cv2.resize`", MICROSECONDS, times=1.2),
+    Row("copy_to", "`copy_to`", "`numpy.copyto`", MICROSECONDS, times=1.2),
+    Row("resize_to", "`resize_to` half the size", "`cv2.resize`", MICROSECONDS, times=1.2),
+    Row("add", "`add`", "`cv2.add`", MICROSECONDS, times=1.2),
+    Row("subtract", "`subtract`", "`cv2.subtract`", MICROSECONDS, times=1.2),
+    Row("divide_8", "`divide_by_value`, 8 bits", "`cv2.divide`", MICROSECONDS, times=1.2),
+    Row("divide_16", "`divide_by_value`, 16 bits", "`cv2.divide`", MICROSECONDS, times=1.2),
+    Row("divide_float", "`divide_by_value`, floats", "`cv2.divide`", MICROSECONDS, times=1.2),
+    Row("picture_memory", "most that a method holds besides its result", "", PICTURES, amount=1),
     Row("process", "process `vistrel-run empty.py`", "process `python3 -c pass`", MILLISECONDS,
         times=8),
     Row("process_memory", "its peak of resident memory", "", MEBIBYTES, amount=80 * 2**20),
