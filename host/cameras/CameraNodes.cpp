@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 namespace vistrel {
 
@@ -25,21 +26,37 @@ ParameterStatus statusOf(const ArvFailure& failure)
     return isMissingAnswer(failure) ? ParameterStatus::Disconnected : ParameterStatus::Refused;
 }
 
-/// An enumeration is also an integer and a text to Aravis: it comes first.
-NodeValue readAny(ArvGcNode* node, GError** error)
+/// The readers know what they are called for.
+template<class Interface>
+Interface* as(ArvGcNode* node)
 {
-    if (ARV_IS_GC_ENUMERATION(node))
-        return QString::fromUtf8(
-            arv_gc_enumeration_get_string_value(ARV_GC_ENUMERATION(node), error));
-    if (ARV_IS_GC_BOOLEAN(node))
-        return arv_gc_boolean_get_value(ARV_GC_BOOLEAN(node), error) != FALSE;
-    if (ARV_IS_GC_FLOAT(node))
-        return arv_gc_float_get_value(ARV_GC_FLOAT(node), error);
-    if (ARV_IS_GC_INTEGER(node))
-        return qint64{arv_gc_integer_get_value(ARV_GC_INTEGER(node), error)};
-    if (ARV_IS_GC_STRING(node))
-        return QString::fromUtf8(arv_gc_string_get_value(ARV_GC_STRING(node), error));
-    return {};
+    return reinterpret_cast<Interface*>(node);
+}
+
+NodeValue readEnumeration(ArvGcNode* node, GError** error)
+{
+    return QString::fromUtf8(
+        arv_gc_enumeration_get_string_value(as<ArvGcEnumeration>(node), error));
+}
+
+NodeValue readBoolean(ArvGcNode* node, GError** error)
+{
+    return arv_gc_boolean_get_value(as<ArvGcBoolean>(node), error) != FALSE;
+}
+
+NodeValue readFloat(ArvGcNode* node, GError** error)
+{
+    return arv_gc_float_get_value(as<ArvGcFloat>(node), error);
+}
+
+NodeValue readInteger(ArvGcNode* node, GError** error)
+{
+    return qint64{arv_gc_integer_get_value(as<ArvGcInteger>(node), error)};
+}
+
+NodeValue readString(ArvGcNode* node, GError** error)
+{
+    return QString::fromUtf8(arv_gc_string_get_value(as<ArvGcString>(node), error));
 }
 
 /// One limit, or no value when it cannot be told.
@@ -195,17 +212,37 @@ bool CameraNodes::isLocked(ArvGcNode* node) const
     return resultOf(failure).done() && locked;
 }
 
+// An enumeration is also an integer and a text to Aravis: it comes first.
+CameraNodes::Reader CameraNodes::readerOf(ArvGcNode* node)
+{
+    if (ARV_IS_GC_ENUMERATION(node))
+        return readEnumeration;
+    if (ARV_IS_GC_BOOLEAN(node))
+        return readBoolean;
+    if (ARV_IS_GC_FLOAT(node))
+        return readFloat;
+    if (ARV_IS_GC_INTEGER(node))
+        return readInteger;
+    return ARV_IS_GC_STRING(node) ? readString : nullptr;
+}
+
 NodeResult CameraNodes::read(ArvGcNode* node, NodeValue& value) const
+{
+    const Reader reader = readerOf(node);
+    if (!reader)
+        return {ParameterStatus::WrongType, QStringLiteral("it has no value")};
+    return readUsable(node, reader, value);
+}
+
+NodeResult CameraNodes::readUsable(ArvGcNode* node, Reader reader, NodeValue& value) const
 {
     if (NodeResult reason = usable(node); !reason.done())
         return reason;
     ArvFailure failure;
-    const NodeValue read = readAny(node, failure.receive());
+    NodeValue read = reader(node, failure.receive());
     if (failure)
         return resultOf(failure);
-    if (std::holds_alternative<std::monostate>(read))
-        return {ParameterStatus::WrongType, QStringLiteral("it has no value")};
-    value = read;
+    value = std::move(read);
     return {};
 }
 
@@ -215,10 +252,10 @@ bool CameraNodes::isReadable(ArvGcNode* node)
            != ARV_GC_ACCESS_MODE_WO;
 }
 
-NodeResult CameraNodes::readKnown(ArvGcNode* node, NodeValue& value) const
+NodeResult CameraNodes::readKnown(ArvGcNode* node, Reader reader, NodeValue& value) const
 {
     const UncheckedAccess scope(m_device);
-    return read(node, value);
+    return readUsable(node, reader, value);
 }
 
 NodeLimits CameraNodes::limits(ArvGcNode* node) const

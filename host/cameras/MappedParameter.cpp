@@ -15,11 +15,12 @@ namespace {
 const QString automaticOff = QStringLiteral("Off");
 const QString automaticOn = QStringLiteral("Continuous");
 
-ArvGcNode* firstImplemented(const QStringList& names, const CameraNodes& nodes)
+ArvGcNode* firstReadable(const QStringList& names, const CameraNodes& nodes)
 {
     for (const QString& name : names) {
         ArvGcNode* node = nodes.find(name);
-        if (node && nodes.isImplemented(node) && CameraNodes::isReadable(node))
+        if (node && nodes.isImplemented(node) && CameraNodes::isReadable(node)
+            && CameraNodes::readerOf(node))
             return node;
     }
     return nullptr;
@@ -59,7 +60,8 @@ CxValue typedSwitch(const NodeValue& value)
 MappedParameter::MappedParameter(const ParameterName& name, const CameraNodes& nodes)
     : m_name(name)
     , m_nodes(nodes)
-    , m_node(firstImplemented(name.nodes, nodes))
+    , m_node(firstReadable(name.nodes, nodes))
+    , m_reader(m_node ? CameraNodes::readerOf(m_node) : nullptr)
 {
 }
 
@@ -99,7 +101,7 @@ CxValue MappedParameter::increment()
 NodeResult MappedParameter::read(CxValue& value) const
 {
     NodeValue raw;
-    NodeResult result = m_nodes.readKnown(m_node, raw);
+    NodeResult result = m_nodes.readKnown(m_node, m_reader, raw);
     if (result.done())
         value = m_name.type == CxValue::Bool ? typedSwitch(raw) : typedNumber(raw, m_name.type);
     return result;

@@ -47,7 +47,8 @@ protected:
 private:
     const ParameterName& m_name;
     const CameraNodes& m_nodes;
-    ArvGcNode* m_node = nullptr;
+    ArvGcNode* m_node;
+    CameraNodes::Reader m_reader; ///< null with the node
 };
 
 } // namespace vistrel
