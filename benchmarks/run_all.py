@@ -70,6 +70,10 @@ def measure(programs_file: str, programs: dict[str, str], quick: bool) -> Figure
                                      programs_file)),
         **figures_of_scripts(programs["vistrel_run"]),
         **figures_of_lines(output_of(programs["camera"], str(FOLDER / "camera.py"))),
+        **figures_of_lines(output_of(programs["vistrel_run"], "--camera", "sim",
+                                     str(FOLDER / "camera_reads.py"))),
+        **figures_of_lines(output_of(programs["python"], str(FOLDER / "cameras.py"),
+                                     programs_file)),
         **figures_of_lines(output_of(programs["memory"], "500" if quick else "100000")),
     }
 
