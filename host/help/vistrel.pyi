@@ -400,7 +400,10 @@ class Camera:
         Args:
             name: the parameter, as for set_param(). The endings ":min",
                 ":max" and ":inc" ask for the least and greatest value and
-                the step between values, of parameters that have a constant.
+                the step between values; ":unit" for the unit, ":entries" for
+                what an enumeration takes, ":type" for the kind of the
+                camera's own feature. The features are listed by
+                "Root:entries" and by the entries of each category in it.
 
         Returns:
             the value, in the parameter's unit.
@@ -416,8 +419,10 @@ class Camera:
     def set_roi(self, x: int, y: int, width: int, height: int, /) -> None:
         """Set the region of interest: the part of the sensor that is read.
 
-        The host decides what it makes of numbers that the camera does not
-        take as they are; get_roi() tells what became of them.
+        Where the camera counts in steps, the region grows to the least one
+        that holds what is asked for; get_roi() tells what became of it. A
+        region that reaches past the sensor changes nothing; the error log
+        says so. A running stream goes on with the new region.
 
         Example: camera.set_roi(*roi) puts back what get_roi() returned.
 
@@ -466,6 +471,7 @@ class Camera:
     def save_settings_to_file(self, path: str, /) -> None:
         """Save all parameters of the camera to a settings file.
 
+        The file is JSON. One that is there is replaced as a whole or stays.
         A failed write is not reported to the script; the error log says why.
 
         Args:
@@ -481,7 +487,8 @@ class Camera:
         """Set the camera's parameters from a settings file.
 
         What cannot be read or set is not reported to the script; the error
-        log says what and why.
+        log says what and why. A file that is not whole, or of another camera
+        model, changes nothing.
 
         Args:
             path: the file; resolved like that of save_settings_to_file().
@@ -503,8 +510,9 @@ class Camera:
             title: of dialog and view; empty stands for "Capture Image".
             message: what the dialog tells the user; an empty text asks to
                 get the image right and press the button.
-            value: 0 or more: how many seconds after the button was pressed
-                the image is taken; negative or not given: at once.
+            value: 0 or more: the image is also taken by itself, that many
+                seconds after the dialog has shown the first one; negative or
+                not given: by the button only.
 
         Returns:
             the id of the new view, or -1 when the user cancelled or no image
