@@ -47,7 +47,7 @@ class Circulation {
 public:
     explicit Circulation(Chain& chain)
     {
-        constexpr int frames = 3;
+        constexpr int frames = 2; // as many as may wait
         for (int i = 0; i < frames; ++i)
             m_free.push_back(newFrame());
         chain.end().setOutput([this](std::unique_ptr<CxImageData> frame) {
