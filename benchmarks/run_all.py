@@ -17,7 +17,7 @@ FOLDER = Path(__file__).resolve().parent
 DOCUMENT = FOLDER.parent / "docs" / "benchmarks.md"
 # Those that run in vistrel-run.
 SCRIPTS = ("attributes.py", "pixels.py", "imports.py", "access.py", "measurements.py",
-           "conversions.py", "peak_memory.py", "charts.py")
+           "conversions.py", "peak_memory.py", "charts.py", "variables.py", "nested.py")
 FIGURES_HEADING = "## Figures\n"
 
 Figures = dict[str, dict[str, float]]

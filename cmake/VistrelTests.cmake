@@ -6,6 +6,7 @@
 set(VISTREL_TEST_ENVIRONMENT
     "QT_QPA_PLATFORM=offscreen" "PYTHONDONTWRITEBYTECODE=1"
     "LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/sanitizers/lsan.supp:print_suppressions=0"
+    "TSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/sanitizers/tsan.supp"
     "UBSAN_OPTIONS=print_stacktrace=1")
 
 # vistrel_gtest(NAME SOURCES... LIBRARIES... [LOCK RESOURCE]): a GoogleTest program, each case a ctest

@@ -137,6 +137,33 @@ def switch_full_screen(on: bool, /) -> None:
         Exception: "running GUI function from non-main thread"
     """
 
+def add_chain_object(name: str, conf: dict[str, Any] = {}, /) -> None:
+    """Put a processing element into the active view's chain.
+
+    The element comes directly in front of the view: it gets each frame after
+    the elements that were put in before it. A running stream is stopped
+    meanwhile and goes on.
+
+        vistrel.add_chain_object("Gaussian Blur", {"radius": 2.5})
+
+    Args:
+        name: the element's display name; upper and lower case are the same.
+        conf: its settings by name; each element has its own.
+            Values are int (32 bits), float, bool or str, others are left out.
+            The error log tells of a setting that the element refuses.
+
+    Raises:
+        Exception: "running GUI function from non-main thread"
+        Exception: "Config parameter is not of the dictionary type"
+        Exception: "Cannot find chain object class" when no element goes by
+            that name.
+        Exception: "No active view"
+        SystemError: "returned NULL without setting an exception" when the
+            view has no chain; "returned a result with an exception set" when
+            a key of conf is no text, or a value cannot be converted: the
+            element is put in without that setting.
+    """
+
 def wait_for_next_frame(timeout: float = -1.0, view_id: int = -1, /) -> bool:
     """Wait until a view has taken its next camera frame.
 
@@ -224,6 +251,254 @@ def new_view_with_image(
         Exception: "cannot allocate new image, out of memory"
         SystemError: "returned NULL without setting an exception" when the
             image is empty.
+    """
+
+def record_video_to_file(path: str, view_id: int = -1, /) -> bool:
+    """Start to record what a view shows to a film file.
+
+        if vistrel.record_video_to_file("run.avi"):
+            vistrel.wait(10.0)
+            vistrel.stop_video_recording()
+
+    Args:
+        path: the film; its ending chooses the format. Resolved like that of
+            open_file().
+        view_id: id of the view; -1 is the active view.
+
+    Returns:
+        True when the recording has started, False when there is no such view
+        or it cannot record to that file; the error log says why.
+
+    Raises:
+        Exception: "running GUI function from non-main thread"
+    """
+
+def stop_video_recording(view_id: int = -1, /) -> None:
+    """End a view's recording and finish its film file.
+
+    Nothing happens when the view does not record or there is no such view.
+
+    Args:
+        view_id: id of the view; -1 is the active view.
+
+    Raises:
+        Exception: "running GUI function from non-main thread"
+    """
+
+def message_box(
+    title: str,
+    text: str,
+    button1: str = "",
+    button2: str = "",
+    button3: str = "",
+    /,
+) -> int:
+    """Show a message and wait until the user closes it.
+
+    A box with one choice has the button OK: button1 only shows when button2
+    is given too.
+
+        if vistrel.message_box("Part", "Is it in place?", "Yes", "No") == 1:
+            ...
+
+    Args:
+        title: title of the window.
+        text: the message; simple HTML is understood.
+        button1: text of the first button; OK stands in its place when button2
+            is empty.
+        button2: text of the second button; none when empty.
+        button3: text of the third button; none when empty.
+
+    Returns:
+        1, 2 or 3: the button that closed the box, counted by its place among
+        the arguments. When the box was closed without one: the lowest number
+        without a button, 0 when all three are there.
+
+    Raises:
+        Exception: "running GUI function from non-main thread"
+        Exception: "the host has no user interface"
+    """
+
+def show_notification(text: str, /) -> None:
+    """Show a passing message to the user; the script goes on at once.
+
+    Args:
+        text: the message.
+
+    Raises:
+        Exception: "running GUI function from non-main thread"
+    """
+
+def print_to_error_log(text: str, /) -> None:
+    """Write a line to the host's error log.
+
+    The text stands in quotes there. May be called on any thread.
+
+    Args:
+        text: the message.
+    """
+
+def ask_user_for_string(title: str, label: str, /) -> str:
+    """Ask the user for a line of text and wait for the answer.
+
+        part = vistrel.ask_user_for_string("Measure", "Part number:")
+
+    Args:
+        title: title of the window.
+        label: the question above the line.
+
+    Returns:
+        the line; empty when the user cancelled.
+
+    Raises:
+        Exception: "running GUI function from non-main thread"
+        Exception: "the host has no user interface"
+    """
+
+def add_menu_item(
+    title: str, script: str, submenu: str = "", extra: str = "", /
+) -> None:
+    """Add an entry to the script menu that runs a script when chosen.
+
+    The entry stays until the host ends. It does not replace an older one of
+    the same title.
+
+        vistrel.add_menu_item("Measure part", "measure.py", "Tools")
+
+    Args:
+        title: text of the entry.
+        script: the script file; resolved like the path of open_file().
+        submenu: title of the submenu that gets the entry, made when there is
+            none of exactly that title; empty: the menu itself.
+        extra: a text for the host.
+
+    Raises:
+        Exception: "running GUI function from non-main thread"
+        SystemError: "returned NULL without setting an exception" when the
+            host has no script menu.
+    """
+
+def run_script(path: str, /) -> None:
+    """Run another script file now, in this script's names.
+
+    The script sees and changes the names of this one, and what it defines is
+    there afterwards. Its errors, sys.exit() included, end it alone: they are
+    printed, and this script goes on. Scripts may run scripts to any depth
+    that Python's recursion limit and the thread's stack allow. May be called
+    on any thread.
+
+    Args:
+        path: the script; resolved like that of open_file().
+
+    Raises:
+        Exception: "given script file can't be opened."
+        RecursionError: when scripts run each other too deep.
+    """
+
+def get_working_directory() -> str:
+    """Get the folder at which relative paths of scripts start.
+
+    May be called on any thread.
+
+    Returns:
+        its absolute path.
+    """
+
+def play_sound(path: str, /) -> None:
+    """Play a sound file; the script goes on at once.
+
+    A file that cannot be played is no error; the error log says why. May be
+    called on any thread.
+
+    Args:
+        path: the sound; resolved like that of open_file().
+    """
+
+def set_global_variable_img(name: str, image: Image, /) -> None:
+    """Keep a copy of an image for other scripts and later runs.
+
+    Shared variables live until the host ends. Images, integers and texts have
+    names of their own: one name may stand for one of each. May be called on
+    any thread.
+
+    The image stored before is deleted, and objects that share it become empty
+    ("Vistrel image object is empty"). Arrays made of them must not be used
+    any more: an array keeps the image object alive, not its pixels.
+
+    Args:
+        name: name of the variable; upper and lower case differ.
+        image: the image to copy. An empty image deletes the stored one.
+            Storing the object that get_global_variable_img() returned under
+            the same name changes nothing.
+
+    Raises:
+        Exception: "the object passed is not a vistrel.Image"
+    """
+
+def get_global_variable_img(name: str, /) -> Image | None:
+    """Get the image that is stored under a name.
+
+    The object shares the stored image, no copy is made: changed pixels are
+    what the next reader sees. It becomes empty when another image is stored
+    under the name; take new_copy() of what must last, above all before
+    working with arrays: numpy.asarray(image.new_copy()).
+
+    May be called on any thread.
+
+    Args:
+        name: name of the variable.
+
+    Returns:
+        the stored image, or None when there is none.
+    """
+
+def set_global_variable_int(name: str, value: int, /) -> None:
+    """Keep an integer for other scripts and later runs.
+
+    May be called on any thread.
+
+        runs = max(vistrel.get_global_variable_int("runs"), 0)
+        vistrel.set_global_variable_int("runs", runs + 1)
+
+    Args:
+        name: name of the variable; upper and lower case differ. Under an
+            empty name nothing is stored.
+        value: a number of 32 bits, with sign.
+    """
+
+def get_global_variable_int(name: str, /) -> int:
+    """Get the integer that is stored under a name.
+
+    May be called on any thread.
+
+    Args:
+        name: name of the variable.
+
+    Returns:
+        the number, or -1 when there is none.
+    """
+
+def set_global_variable_string(name: str, value: str, /) -> None:
+    """Keep a text for other scripts and later runs.
+
+    May be called on any thread.
+
+    Args:
+        name: name of the variable; upper and lower case differ. Under an
+            empty name nothing is stored.
+        value: the text.
+    """
+
+def get_global_variable_string(name: str, /) -> str:
+    """Get the text that is stored under a name.
+
+    May be called on any thread.
+
+    Args:
+        name: name of the variable.
+
+    Returns:
+        the text; empty when there is none.
     """
 
 @final
@@ -1487,8 +1762,11 @@ class Image:
     numpy.asarray(image).transpose(1, 0, 2).
 
     An array keeps the Image object alive, but not its pixels: filling the
-    object anew (alloc(), from_file()) frees them under older arrays. Take
-    numpy.asarray(image).copy() to keep values.
+    object anew (alloc(), from_file()) frees them under older arrays, and so
+    does the host when it deletes a picture that the object only shares: a
+    variable that the host has put in, or a shared variable of which another
+    image takes the place. The object is empty then, an older array must not
+    be used. Take numpy.asarray(image).copy() to keep values.
     """
     tobytes: Final[Callable[[], bytes]]
     """Copy the pixel memory; image.tobytes() is the same as bytes(image)."""

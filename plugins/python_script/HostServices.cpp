@@ -7,7 +7,9 @@
 #include "PyErrors.h"
 
 #include <CxCameraManager.h>
+#include <CxChainManager.h>
 #include <CxImageFormatManager.h>
+#include <CxRTTI.h>
 #include <IxAppDelegate.h>
 #include <IxScriptEnvironment.h>
 
@@ -38,6 +40,16 @@ CxCameraManager& cameras()
 CxImageFormatManager& imageFormats()
 {
     return available(CxImageFormatManager::instance(), "the host's file formats are not available");
+}
+
+CxChainManager& chains()
+{
+    return available(CxChainManager::instance(), "the host's processing chains are not available");
+}
+
+CxRTTI& classes()
+{
+    return available(CxRTTI::instance(), "the host's class registry is not available");
 }
 
 IxScriptEnvironment& environment()

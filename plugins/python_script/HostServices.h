@@ -6,7 +6,9 @@
 #include <QtCore/QString>
 
 class CxCameraManager;
+class CxChainManager;
 class CxImageFormatManager;
+class CxRTTI;
 class IxAppDelegate;
 class IxScriptEnvironment;
 
@@ -16,6 +18,8 @@ namespace host_services {
 IxAppDelegate& application();
 CxCameraManager& cameras();
 CxImageFormatManager& imageFormats();
+CxChainManager& chains();
+CxRTTI& classes();
 /// The environment of the current run.
 IxScriptEnvironment& environment();
 

@@ -4,6 +4,8 @@
 #include "Interpreter.h"
 
 #include "FuncApp/AppModule.h"
+#include "FuncApp/AppScripts.h"
+#include "FuncImage/BorrowedImages.h"
 #include "OutputCapture.h"
 #include "PyErrors.h"
 #include "PythonVersion.h"
@@ -123,6 +125,7 @@ void stop(const void* owner)
         return;
     g_owner = nullptr;
     Py_Finalize();
+    borrowed_images::forgetAll();
 }
 
 bool isRunning() { return Py_IsInitialized() != 0; }

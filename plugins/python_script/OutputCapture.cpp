@@ -97,7 +97,7 @@ bool passOn(const Sink& sink, const char* text)
             g_sinkFailure = std::current_exception();
         }
     }
-    PyErr_SetString(PyExc_SystemExit, "the output of this run cannot be written");
+    raiseSinkFailure();
     return false;
 }
 
@@ -158,6 +158,13 @@ void set_stderr(Sink sink) { g_stderr.set(std::move(sink)); }
 void reset_stdout() { g_stdout.reset(); }
 
 void reset_stderr() { g_stderr.reset(); }
+
+bool raiseSinkFailure()
+{
+    if (g_sinkFailure)
+        PyErr_SetString(PyExc_SystemExit, "the output of this run cannot be written");
+    return static_cast<bool>(g_sinkFailure);
+}
 
 void rethrowSinkFailure()
 {

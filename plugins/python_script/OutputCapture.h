@@ -30,6 +30,9 @@ void set_stderr(Sink sink);
 void reset_stdout();
 void reset_stderr();
 
+/// Whether a sink threw in this run; sets the SystemExit of its writes then.
+bool raiseSinkFailure();
+
 /// Throws what a sink threw, once; returns when none did.
 void rethrowSinkFailure();
 

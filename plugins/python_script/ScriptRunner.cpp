@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // One run of a script.
 #include "CxPythonScriptPlugin.h"
-#include "FuncApp/AppModule.h"
+#include "FuncApp/AppScripts.h"
 #include "Interpreter.h"
 #include "Logging.h"
 #include "OutputCapture.h"

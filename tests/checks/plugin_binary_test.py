@@ -51,8 +51,8 @@ class PluginBinary(unittest.TestCase):
     def test_depends_on_python_qt_and_the_plot_library_but_on_no_host(self) -> None:
         ours = [name for name in needed_libraries() if "vistrel" in name]
         self.assertEqual(ours, [])
-        known = re.compile(r"lib(python3[.0-9]*|Qt6(Core|Gui|Widgets|PrintSupport)|QCustomPlotQt6)\.so"
-                           r"|lib(stdc\+\+|m|c|gcc_s|dl|pthread)\.so|lib(asan|ubsan|tsan)\.so|ld-linux")
+        known = re.compile(r"lib(python3[.0-9]*|Qt6(Core|Gui|Widgets|PrintSupport|Xml)|QCustomPlotQt6)"
+                           r"\.so|lib(stdc\+\+|m|c|gcc_s|dl|pthread)\.so|lib(asan|ubsan|tsan)\.so|ld-linux")
         self.assertEqual([name for name in needed_libraries() if not known.match(name)], [])
 
     def test_runs_under_the_python_that_was_asked_for(self) -> None:

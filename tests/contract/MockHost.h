@@ -5,13 +5,19 @@
 
 #include <CxCameraManager.h>
 #include <CxCameraParameters.h>
+#include <CxChain.h>
+#include <CxChainManager.h>
+#include <CxChainable.h>
 #include <CxImageData.h>
 #include <CxImageFormatManager.h>
 #include <CxMdiView.h>
+#include <CxRTTI.h>
 #include <IxAppDelegate.h>
 #include <IxScriptEnvironment.h>
 
 #include <gmock/gmock.h>
+
+#include <QtXml/QDomElement>
 
 class MockEnvironment : public IxScriptEnvironment {
 public:
@@ -103,4 +109,32 @@ class MockFormatManager : public CxImageFormatManager {
 public:
     MOCK_METHOD(IxImageLoader*, loaderForFile, (const QString&), (override));
     MOCK_METHOD(IxImageSaver*, saverForFile, (const QString&), (override));
+};
+
+class MockChain : public CxChain {
+public:
+    MOCK_METHOD(bool, stopped, (), (const, override));
+    MOCK_METHOD(void, stop, (), (override));
+    MOCK_METHOD(void, start, (), (override));
+};
+
+class MockElement : public QObject, public CxChainable {
+public:
+    ~MockElement() override { destroyed(); }
+    MOCK_METHOD(CxChain*, chain, (), (override));
+    MOCK_METHOD(void, configure, (const QDomElement&), (override));
+    MOCK_METHOD(void, setEnabled, (bool), (override));
+    MOCK_METHOD(void, destroyed, ());
+};
+
+class MockChainManager : public CxChainManager {
+public:
+    MOCK_METHOD(void, insertBefore, (CxChain*, CxChainable*, CxChainable*), (override));
+};
+
+class MockClassRegistry : public CxRTTI {
+public:
+    MOCK_METHOD(QList<QString>, classesForInterface, (const QString&, bool), (override));
+    MOCK_METHOD(QString, customName, (const QString&), (override));
+    MOCK_METHOD(QObject*, createInstance, (const QString&), (override));
 };

@@ -44,6 +44,8 @@ PluginTest::PluginTest()
     vistrel::installAppDelegate(&delegate);
     vistrel::installCameraManager(&cameraManager);
     vistrel::installImageFormatManager(&formats);
+    vistrel::installClassRegistry(&classes);
+    vistrel::installChainManager(&chains);
     plugin = qobject_cast<CxScriptLangInterface*>(loader.instance());
     if (plugin == nullptr || !plugin->init())
         ADD_FAILURE() << "the plugin does not load: " << qPrintable(loader.errorString());
@@ -55,6 +57,8 @@ PluginTest::~PluginTest()
     vistrel::installAppDelegate(nullptr);
     vistrel::installCameraManager(nullptr);
     vistrel::installImageFormatManager(nullptr);
+    vistrel::installClassRegistry(nullptr);
+    vistrel::installChainManager(nullptr);
     qInstallMessageHandler(nullptr);
 }
 
@@ -136,6 +140,7 @@ std::unique_ptr<CxImageData> makeImage(unsigned width, unsigned height, unsigned
 int main(int argc, char** argv)
 {
     testing::InitGoogleMock(&argc, argv);
+    qputenv("QT_QPA_PLATFORM", "offscreen");
     const QApplication application(argc, argv);
     return RUN_ALL_TESTS();
 }

@@ -48,6 +48,8 @@ protected:
     testing::NiceMock<MockDelegate> delegate;
     testing::NiceMock<MockCameraManager> cameraManager;
     testing::NiceMock<MockFormatManager> formats;
+    testing::NiceMock<MockClassRegistry> classes;
+    testing::NiceMock<MockChainManager> chains;
 
     QList<IxScriptEnvironment::SxApiParamDef> stringConstants;
     QList<IxScriptEnvironment::SxApiParamEnumVal> integerConstants;

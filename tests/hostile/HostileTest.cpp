@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Vistrel Python scripting authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Scripts and hosts that mean harm or know no better: nothing may end the process.
+#include "DialogUser.h"
 #include "PluginTest.h"
 
 #include "core/HostSingletons.h"
@@ -73,6 +74,7 @@ protected:
     /// Runs the script; true when it came to its end.
     void expectManyCalls()
     {
+        const DialogUser user;
         EXPECT_EQ(run(callEverything), QString());
         EXPECT_GT(output.toInt(), 10'000);
         EXPECT_EQ(value("'alive'"), QStringLiteral("alive"));

@@ -74,6 +74,15 @@ int PyModule_AddObject(PyObject* module, const char* name, PyObject* value)
     return next<int(PyObject*, const char*, PyObject*)>("PyModule_AddObject")(module, name, value);
 }
 
+PyObject* PyImport_AddModule(const char* name)
+{
+    if (g_failing != nullptr && g_failing->mainModule && std::strcmp(name, "__main__") == 0) {
+        PyErr_SetString(PyExc_MemoryError, "no module on demand");
+        return nullptr;
+    }
+    return next<PyObject*(const char*)>("PyImport_AddModule")(name);
+}
+
 int PyImport_AppendInittab(const char* name, PyObject* (*initialiser)())
 {
     if (isNamed(&FailingPython::moduleName, name))

@@ -18,10 +18,9 @@ using host_services::application;
 using host_services::resolvedPath;
 using python::newNone;
 using python::raise;
+using view_actions::activeView;
 
 namespace {
-
-constexpr int activeView = -1;
 
 /// None, or the refusal's error.
 PyObject* noneOrError(Outcome<bool> outcome)

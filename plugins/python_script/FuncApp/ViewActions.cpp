@@ -24,6 +24,9 @@ constexpr char noViewToWaitFor[] = "vistrel.WaitForNextFrame: view not found";
 
 int resolvedViewId(int viewId) { return viewId < 0 ? application().activeViewId() : viewId; }
 
+/// Null when there is no such view.
+CxMdiView* resolvedView(int viewId) { return application().view(resolvedViewId(viewId)); }
+
 } // namespace
 
 Outcome<int> openFile(const QString& path)
@@ -49,7 +52,7 @@ int duplicateView(int viewId)
 
 void closeView(int viewId)
 {
-    CxMdiView* view = application().view(resolvedViewId(viewId));
+    CxMdiView* view = resolvedView(viewId);
     if (view != nullptr)
         view->closeMdiView();
 }
@@ -86,10 +89,23 @@ Outcome<int> newViewWithImage(CxImageData& image, const QString& title)
 
 Outcome<bool> waitForNextFrame(double timeout, int viewId)
 {
-    CxMdiView* view = application().view(resolvedViewId(viewId));
+    CxMdiView* view = resolvedView(viewId);
     if (view == nullptr)
         return Refusal{noViewToWaitFor};
     return host_services::environment().waitForNextFrame(view, timeout);
+}
+
+bool startRecording(const QString& path, int viewId)
+{
+    CxMdiView* view = resolvedView(viewId);
+    return view != nullptr && view->startRecording(path);
+}
+
+void stopRecording(int viewId)
+{
+    CxMdiView* view = resolvedView(viewId);
+    if (view != nullptr)
+        view->stopRecording();
 }
 
 } // namespace view_actions

@@ -15,6 +15,9 @@ class CxImageData;
 /// says so. All throw python::HostUnavailable when the host is not there.
 namespace view_actions {
 
+/// The view id that scripts need not give.
+inline constexpr int activeView = -1;
+
 /// The id of the view that shows the file; a silent refusal when the host cannot open it.
 Outcome<int> openFile(const QString& path);
 
@@ -40,5 +43,11 @@ Outcome<int> newViewWithImage(CxImageData& image, const QString& title);
 
 /// Negative view: the active one. Whether a frame came within `timeout` seconds.
 Outcome<bool> waitForNextFrame(double timeout, int viewId);
+
+/// Negative view: the active one. Whether the view now records to the file.
+bool startRecording(const QString& path, int viewId);
+
+/// Negative: the active view. An unknown view is ignored.
+void stopRecording(int viewId);
 
 } // namespace view_actions

@@ -49,38 +49,37 @@ PyObject* fx_pyimg_ToRgb(PyObject* self, PyObject*)
 
 PyObject* fx_pyimg_ExtractChannel(PyObject* self, PyObject* args)
 {
-    const SxPicBuf* buffer = fx_pyimg_buffer(self);
     int channel = 0;
-    if (buffer == nullptr || !PyArg_ParseTuple(args, "i", &channel))
+    const SxPicBuf* buffer = fx_pyimg_bufferAndArguments(self, args, "i", &channel);
+    if (buffer == nullptr)
         return nullptr;
     return fx_pyimg_newOwnerOrError(image_conversions::channelOf(*buffer, channel));
 }
 
 PyObject* fx_pyimg_ConvertBpc(PyObject* self, PyObject* args)
 {
-    const SxPicBuf* buffer = fx_pyimg_buffer(self);
     int bpc = 0;
     int scale = 1;
-    if (buffer == nullptr || !PyArg_ParseTuple(args, "i|p", &bpc, &scale))
+    const SxPicBuf* buffer = fx_pyimg_bufferAndArguments(self, args, "i|p", &bpc, &scale);
+    if (buffer == nullptr)
         return nullptr;
     return fx_pyimg_newOwnerOrError(image_conversions::withBpc(*buffer, bpc, scale != 0));
 }
 
 PyObject* fx_pyimg_Crop(PyObject* self, PyObject* args)
 {
-    const SxPicBuf* buffer = fx_pyimg_buffer(self);
     int x = 0;
     int y = 0;
     int w = 0;
     int h = 0;
-    if (buffer == nullptr || !PyArg_ParseTuple(args, "iiii", &x, &y, &w, &h))
+    const SxPicBuf* buffer = fx_pyimg_bufferAndArguments(self, args, "iiii", &x, &y, &w, &h);
+    if (buffer == nullptr)
         return nullptr;
     return fx_pyimg_newOwnerOrError(image_conversions::cropped(*buffer, x, y, w, h));
 }
 
 PyObject* fx_pyimg_Resize(PyObject* self, PyObject* args)
 {
-    const SxPicBuf* buffer = fx_pyimg_buffer(self);
     int newWidth = 0;
     int newHeight = 0;
     int x = 0;
@@ -89,8 +88,9 @@ PyObject* fx_pyimg_Resize(PyObject* self, PyObject* args)
     // an explicit w and h of 0.
     int w = 1;
     int h = 1;
-    if (buffer == nullptr
-        || !PyArg_ParseTuple(args, "ii|iiii", &newWidth, &newHeight, &x, &y, &w, &h))
+    const SxPicBuf* buffer =
+        fx_pyimg_bufferAndArguments(self, args, "ii|iiii", &newWidth, &newHeight, &x, &y, &w, &h);
+    if (buffer == nullptr)
         return nullptr;
     return fx_pyimg_newOwnerOrError(
         image_conversions::resized(*buffer, newWidth, newHeight, x, y, w, h));
@@ -156,9 +156,9 @@ PyObject* fx_pyimg_Subtract(PyObject* self, PyObject* other)
 
 PyObject* fx_pyimg_DivideByValue(PyObject* self, PyObject* args)
 {
-    SxPicBuf* buffer = fx_pyimg_buffer(self);
     int divisor = 0;
-    if (buffer == nullptr || !PyArg_ParseTuple(args, "i", &divisor))
+    SxPicBuf* buffer = fx_pyimg_bufferAndArguments(self, args, "i", &divisor);
+    if (buffer == nullptr)
         return nullptr;
     CxPicBufAPI::DivideByValue(*buffer, divisor);
     return python::newNone();

@@ -58,12 +58,12 @@ PyObject* newProfileList(const CxProfileData& data)
 
 PyObject* fx_internal_pyimg_MeasureRowColProfilesInRect(PyObject* self, PyObject* args, bool rows)
 {
-    const SxPicBuf* buffer = fx_pyimg_buffer(self);
     int x = 0;
     int y = 0;
     int w = 0;
     int h = 0;
-    if (buffer == nullptr || !PyArg_ParseTuple(args, "|iiii", &x, &y, &w, &h))
+    const SxPicBuf* buffer = fx_pyimg_bufferAndArguments(self, args, "|iiii", &x, &y, &w, &h);
+    if (buffer == nullptr)
         return nullptr;
     CxProfileData data;
     if (!CxPicBufMeas::measureRowsColumnsProfileStats(rows, data, fx_pyimg_getImageObjectData(self),
@@ -76,13 +76,14 @@ PyObject* fx_internal_pyimg_MeasureRowColProfilesInRect(PyObject* self, PyObject
 
 PyObject* fx_pyimg_MeasureRect(PyObject* self, PyObject* args)
 {
-    const SxPicBuf* buffer = fx_pyimg_buffer(self);
     int x = 0;
     int y = 0;
     int w = 0;
     int h = 0;
     int splitRawColors = 0;
-    if (buffer == nullptr || !PyArg_ParseTuple(args, "|iiiip", &x, &y, &w, &h, &splitRawColors))
+    const SxPicBuf* buffer =
+        fx_pyimg_bufferAndArguments(self, args, "|iiiip", &x, &y, &w, &h, &splitRawColors);
+    if (buffer == nullptr)
         return nullptr;
     CxHistoData::ExHistoDataFlags flags = CxHistoData::Statistics;
     flags.setFlag(CxHistoData::SplitRawColors, splitRawColors != 0);

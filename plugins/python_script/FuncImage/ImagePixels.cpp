@@ -25,11 +25,10 @@ using DrawFunction = void (*)(SxPicBuf&, int, int, int, int, int, long long);
 /// Parses, checks the range and draws.
 PyObject* draw(PyObject* self, PyObject* args, DrawFunction function)
 {
-    SxPicBuf* buffer = fx_pyimg_buffer(self);
-    if (buffer == nullptr)
-        return nullptr;
     Drawing d;
-    if (!PyArg_ParseTuple(args, "Liiii|i", &d.value, &d.x1, &d.y1, &d.x2, &d.y2, &d.channel))
+    SxPicBuf* buffer = fx_pyimg_bufferAndArguments(self, args, "Liiii|i", &d.value, &d.x1, &d.y1,
+                                                   &d.x2, &d.y2, &d.channel);
+    if (buffer == nullptr)
         return nullptr;
     const char* error = pixel_access::rangeError(*buffer, d.x1, d.y1, d.x2, d.y2, d.channel);
     if (error != nullptr)
@@ -42,13 +41,11 @@ PyObject* draw(PyObject* self, PyObject* args, DrawFunction function)
 
 PyObject* fx_pyimg_GetPixelValue(PyObject* self, PyObject* args)
 {
-    const SxPicBuf* buffer = fx_pyimg_buffer(self);
-    if (buffer == nullptr)
-        return nullptr;
     int x = 0;
     int y = 0;
     int channel = 0;
-    if (!PyArg_ParseTuple(args, "ii|i", &x, &y, &channel))
+    const SxPicBuf* buffer = fx_pyimg_bufferAndArguments(self, args, "ii|i", &x, &y, &channel);
+    if (buffer == nullptr)
         return nullptr;
     if (const char* error = pixel_access::rangeError(*buffer, x, y, channel))
         return python::raise(Refusal{error});
@@ -57,14 +54,12 @@ PyObject* fx_pyimg_GetPixelValue(PyObject* self, PyObject* args)
 
 PyObject* fx_pyimg_SetPixelValue(PyObject* self, PyObject* args)
 {
-    SxPicBuf* buffer = fx_pyimg_buffer(self);
-    if (buffer == nullptr)
-        return nullptr;
     long long value = 0;
     int x = 0;
     int y = 0;
     int channel = 0;
-    if (!PyArg_ParseTuple(args, "Lii|i", &value, &x, &y, &channel))
+    SxPicBuf* buffer = fx_pyimg_bufferAndArguments(self, args, "Lii|i", &value, &x, &y, &channel);
+    if (buffer == nullptr)
         return nullptr;
     if (const char* error = pixel_access::rangeError(*buffer, x, y, channel))
         return python::raise(Refusal{error});

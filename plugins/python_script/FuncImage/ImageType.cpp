@@ -5,6 +5,7 @@
 
 #include "CallGuard.h"
 #include "CxPythonScriptPlugin.h"
+#include "FuncImage/BorrowedImages.h"
 #include "FuncImage/ImageMessages.h"
 #include "FuncImage/ImageMethods.h"
 #include "Logging.h"
@@ -65,12 +66,20 @@ namespace {
 
 SxPyImage& record(PyObject* self) { return *reinterpret_cast<SxPyImage*>(self); }
 
+/// Makes the object empty. A borrowed image is forgotten, one of its own is not deleted.
+void clear(SxPyImage& image)
+{
+    if (image.imageData != nullptr && !image.owned)
+        borrowed_images::forget(image.imageData);
+    image.imageData = nullptr;
+    image.owned = false;
+}
+
 /// Ignores its arguments. An image that the object had before is left alone, not deleted: views
 /// made through the array interface may still read its pixels.
 int fx_pyimg_Init(PyObject* self, PyObject*, PyObject*)
 {
-    record(self).imageData = nullptr;
-    record(self).owned = false;
+    clear(record(self));
     return 0;
 }
 
@@ -122,6 +131,8 @@ PyObject* fx_pyimg_createNewImageObject(CxImageData* image, bool owned)
         record(object.get()).imageData = image;
         record(object.get()).owned = owned;
     }
+    if (object && image != nullptr && !owned)
+        borrowed_images::watch(record(object.get()).imageData);
     return object.release();
 }
 
@@ -166,8 +177,7 @@ void fx_pyimg_Free(PyObject* self)
         return;
     if (record(self).owned)
         delete record(self).imageData;
-    record(self).imageData = nullptr;
-    record(self).owned = false;
+    clear(record(self));
 }
 
 void fx_pyimg_refill(PyObject* self, std::unique_ptr<CxImageData> image)

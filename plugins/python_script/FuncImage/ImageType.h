@@ -35,8 +35,9 @@ void fx_pyimages_TypeReady();
 /// Adds the type to the module as "Image". 1 on success, 0 on failure.
 int fx_pyimages_TypeAdd(PyObject* module);
 
-/// A new image object around an image; with `owned` the object deletes it. Null with Python's error
-/// set when it cannot be made: the image then stays the caller's.
+/// A new image object around an image; with `owned` the object deletes it, else it becomes empty
+/// when the image is deleted. Null with Python's error set when it cannot be made: the image then
+/// stays the caller's.
 PyObject* fx_pyimg_createNewImageObject(CxImageData* image, bool owned);
 /// A new object that owns the image. Null with Python's error set when it cannot be made.
 PyObject* fx_pyimg_newOwner(std::unique_ptr<CxImageData> image);
@@ -52,6 +53,19 @@ CxImageData* fx_pyimg_getImageObjectData(PyObject* object);
 Outcome<CxImageData*> fx_pyimg_imageArgument(PyObject* object);
 /// The buffer behind an image object; null for an empty object.
 SxPicBuf* fx_pyimg_buffer(PyObject* object);
+
+/// Parses the arguments of a method, as PyArg_ParseTuple does, and returns the buffer behind the
+/// object. Null for an empty object, whose arguments are not looked at, and with the parser's error
+/// set. A script's number may run code that refills the object or deletes its image: the buffer is
+/// looked up when that is over.
+template<class... Targets>
+SxPicBuf* fx_pyimg_bufferAndArguments(PyObject* self, PyObject* args, const char* format,
+                                      Targets*... targets)
+{
+    if (fx_pyimg_buffer(self) == nullptr || !PyArg_ParseTuple(args, format, targets...))
+        return nullptr;
+    return fx_pyimg_buffer(self);
+}
 
 /// Deletes the image that the object owns, forgets the one it borrows; the object is empty then.
 /// As the type's deallocator it never gives the object's own memory back: that is how the type is
