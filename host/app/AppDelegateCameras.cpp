@@ -12,13 +12,29 @@
 #include <CxCameraParameters.h>
 #include <CxImageData.h>
 
+#include <QtCore/QThread>
+
 #include <algorithm>
 
 namespace vistrel {
 
+namespace {
+
+/// A script may have threads of its own, and no view, dialog or timer may be made on them.
+bool isRefusedOnThisThread(const AppDelegate& application)
+{
+    const bool isRefused = QThread::currentThread() != application.thread();
+    if (isRefused)
+        logError(AppDelegate::tr("Cameras are started, stopped, restarted and asked for a picture "
+                                 "on the main thread only"));
+    return isRefused;
+}
+
+} // namespace
+
 bool AppDelegate::setCameraAcquisition(bool start, void* cameraHandle)
 {
-    if (!m_cameras.cameraParameters(cameraHandle))
+    if (isRefusedOnThisThread(*this) || !m_cameras.cameraParameters(cameraHandle))
         return false;
     if (start)
         return startLiveView(cameraHandle);
@@ -65,13 +81,16 @@ bool AppDelegate::openLiveView(void* cameraHandle, QString& error)
 
 void AppDelegate::restartCameraWithDefaults(void* cameraHandle)
 {
-    m_cameras.restartWithDefaults(cameraHandle);
+    if (!isRefusedOnThisThread(*this))
+        m_cameras.restartWithDefaults(cameraHandle);
 }
 
 // The number is a countdown in seconds.
 SxPicBuf* AppDelegate::captureImageDialog(QWidget* parent, void* cameraHandle, const QString& title,
                                           const QString& message, bool valueGiven, int* value, int)
 {
+    if (isRefusedOnThisThread(*this))
+        return nullptr;
     CaptureDialog dialog(parent ? parent : mainWindow(), title, message);
     if (valueGiven)
         dialog.setCountdown(*value);

@@ -119,13 +119,17 @@ void CaptureDialog::showFrame(std::unique_ptr<CxImageData> frame)
     if (!isFirst || !m_secondsLeft)
         return;
     m_second.start(1s);
-    ++*m_secondsLeft; // the second that has not begun yet
-    countDown();
+    showSecondsLeft();
 }
 
 void CaptureDialog::countDown()
 {
     --*m_secondsLeft;
+    showSecondsLeft();
+}
+
+void CaptureDialog::showSecondsLeft()
+{
     m_countdownText->setText(tr("The picture is taken in %n s.", nullptr, *m_secondsLeft));
     m_countdownText->show();
     if (*m_secondsLeft > 0)

@@ -49,6 +49,7 @@ private:
 
     void showFrame(std::unique_ptr<CxImageData> frame);
     void countDown();
+    void showSecondsLeft();
 
     QLabel* m_countdownText;
     Preview* m_preview;

@@ -13,7 +13,9 @@
 #include <QtWidgets/QDialog>
 #include <QtWidgets/QLabel>
 
+#include <limits>
 #include <memory>
+#include <thread>
 
 using namespace vistrel;
 
@@ -169,8 +171,10 @@ TEST_F(CaptureDialogTest, TakesThePictureByItselfWhenTheCountdownIsOver)
 
 TEST_F(CaptureDialogTest, LetsTheUserBeFasterThanTheCountdown)
 {
-    const DialogAnswers answers({QStringLiteral("Capture")});
-    EXPECT_NE(ask(3600), nullptr);
+    for (const int seconds : {3600, std::numeric_limits<int>::max()}) {
+        const DialogAnswers answers({QStringLiteral("Capture")});
+        EXPECT_NE(ask(seconds), nullptr) << seconds;
+    }
 }
 
 TEST_F(CaptureDialogTest, EndsWhenTheCameraIsClosed)
@@ -207,6 +211,14 @@ TEST_F(CaptureDialogTest, IsNotShownForAnUnknownCamera)
     EXPECT_EQ(ask(nullptr), nullptr);
     EXPECT_EQ(ask(&stranger), nullptr);
     EXPECT_EQ(log.errors().size(), 2);
+}
+
+TEST_F(CaptureDialogTest, IsNotShownOnAnotherThread)
+{
+    const LogLines log;
+    std::thread([this] { EXPECT_EQ(ask(0), nullptr); }).join();
+    ASSERT_EQ(log.errors().size(), 1);
+    EXPECT_TRUE(log.errors().constFirst().endsWith(QStringLiteral("on the main thread only")));
 }
 
 TEST_F(CaptureDialogTest, GivesThePictureInItsOwnSize)

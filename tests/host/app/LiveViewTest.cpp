@@ -10,6 +10,8 @@
 #include <QtCore/QThread>
 #include <QtCore/QTimer>
 
+#include <thread>
+
 using namespace vistrel;
 
 namespace {
@@ -57,6 +59,19 @@ TEST_F(LiveView, ShowsFrameAfterFrame)
     ASSERT_NE(app.viewImage(id), nullptr);
     EXPECT_GT(app.viewImage(id)->picBuf()->width, 0U);
     EXPECT_NE(app.viewImage(id)->acquisitionInfo(), nullptr);
+}
+
+TEST_F(LiveView, AndItsCameraAreLeftAloneByOtherThreads)
+{
+    const LogLines log;
+    std::thread([this] { EXPECT_FALSE(app.setCameraAcquisition(true, camera)); }).join();
+    EXPECT_EQ(app.activeViewId(), -1);
+    start();
+    std::thread([this] { EXPECT_FALSE(app.setCameraAcquisition(false, camera)); }).join();
+    EXPECT_TRUE(host.cameras().isStreaming(camera));
+    std::thread([this] { app.restartCameraWithDefaults(camera); }).join();
+    EXPECT_NE(host.cameras().cameraParameters(camera), nullptr);
+    EXPECT_EQ(log.errors().size(), 3);
 }
 
 TEST_F(LiveView, IsActivatedWhenItsCameraIsStartedAgain)
