@@ -25,6 +25,13 @@ void forwardOutput(const QString& text, bool)
         (*currentOutput)(text);
 }
 
+bool endsTheProgram(int signal)
+{
+    struct sigaction current = {};
+    sigaction(signal, nullptr, &current);
+    return (current.sa_flags & SA_SIGINFO) == 0 && current.sa_handler == SIG_DFL;
+}
+
 } // namespace
 
 ScriptRuns::ScriptRuns(ScriptEngine& engine, ScriptEnvironment& environment)
@@ -63,7 +70,12 @@ bool ScriptRuns::runFile(const QString& path)
 void ScriptRuns::interrupt() const
 {
     // As Ctrl-C does: the interpreter's own handler, which is there only during a run.
-    if (m_running)
+    if (!m_running)
+        return;
+    if (endsTheProgram(SIGINT))
+        logError(tr("The script that runs cannot be interrupted: it has given the signal its "
+                    "default action, which would end the program"));
+    else
         std::raise(SIGINT);
 }
 

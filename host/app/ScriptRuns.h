@@ -41,7 +41,8 @@ public:
     bool run(const QString& text, const QString& name = {});
     /// Runs a file; false also when it cannot be read, which leaves a line in the log.
     bool runFile(const QString& path);
-    /// Raises KeyboardInterrupt in the script that runs, if any; a wait of the host ends by it.
+    /// Raises KeyboardInterrupt in the script that runs, if any; a wait of the host ends by it. A
+    /// script that gives SIGINT its default action runs on, with a line in the log.
     void interrupt() const;
 
 Q_SIGNALS:

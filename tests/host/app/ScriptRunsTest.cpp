@@ -155,6 +155,18 @@ TEST_F(Runs, CanBeInterruptedByTheUserInterface)
     EXPECT_TRUE(told.constLast().endsWith(tx("KeyboardInterrupt"))) << qPrintable(told.constLast());
 }
 
+TEST_F(Runs, ThatGiveTheSignalItsDefaultActionAreNotInterrupted)
+{
+    const LogLines log;
+    QTimer::singleShot(0, &runs, [this] { runs.interrupt(); });
+    EXPECT_TRUE(runs.run(tx("import signal, vistrel\n"
+                            "signal.signal(signal.SIGINT, signal.SIG_DFL)\n"
+                            "vistrel.wait(0.05)\n"
+                            "signal.signal(signal.SIGINT, signal.default_int_handler)")));
+    ASSERT_EQ(log.errors().size(), 1);
+    EXPECT_TRUE(log.errors().constFirst().contains(tx("cannot be interrupted")));
+}
+
 TEST_F(Runs, WithoutAReceiverDropTheOutput)
 {
     runs.setOutput(nullptr);
