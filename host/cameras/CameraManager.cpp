@@ -121,7 +121,7 @@ bool CameraManager::restartWithDefaults(void* cameraHandle)
 {
     Camera* camera = find(cameraHandle);
     if (!camera || camera->lost()) {
-        logError(notOpened());
+        logError(QStringLiteral("a camera cannot be restarted: %1").arg(notOpened()));
         return false;
     }
     camera->stopStream();

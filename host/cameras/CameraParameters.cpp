@@ -131,6 +131,8 @@ bool CameraParameters::setParamDirect(const QString& name, const CxValue& value,
     report(result, status);
     if (result.done())
         m_stream.refreshRecordedSettings();
+    else if (value.type() == CxValue::Empty) // what a parameter gives that cannot be read
+        logLine(QStringLiteral("parameter %1 cannot be set: %2").arg(name, result.reason));
     else
         logLine(QStringLiteral("parameter %1 cannot be set to %2: %3")
                     .arg(name, value.toString(), result.reason));
@@ -171,7 +173,9 @@ CameraParameters::Values CameraParameters::settings(CxCameraParam::ExVisibility 
 void CameraParameters::restoreDefaults(const Values& fallback)
 {
     NodeResult result;
-    if (keepsDefaults()) {
+    if (!m_nodes.connected()) {
+        result = CameraNodes::disconnected(); // once, not for each value
+    } else if (keepsDefaults()) {
         result = m_nodes.write(m_nodes.find(userSetSelector), QStringLiteral("Default"));
         if (result.done())
             result = m_nodes.write(m_nodes.find(loadUserSet), true);

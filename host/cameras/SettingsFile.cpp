@@ -4,6 +4,7 @@
 #include "cameras/SettingsFile.h"
 
 #include <QtCore/QFile>
+#include <QtCore/QFileInfo>
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
 #include <QtCore/QSaveFile>
@@ -83,10 +84,22 @@ std::optional<CameraSettings> settingsOf(const QJsonObject& object, QString& err
     return settings;
 }
 
+/// A folder, a device or a pipe: reading may wait for ever, and replacing would take it away.
+bool isSomethingElse(const QString& path, QString& error)
+{
+    const QFileInfo info(path);
+    const bool isElse = info.exists() && !info.isFile();
+    if (isElse)
+        error = QStringLiteral("it is no file");
+    return isElse;
+}
+
 } // namespace
 
 bool writeSettingsFile(const QString& path, const CameraSettings& settings, QString& error)
 {
+    if (isSomethingElse(path, error))
+        return false;
     QJsonObject parameters;
     for (const auto& [name, value] : settings.values)
         parameters.insert(name, toJson(value));
@@ -105,6 +118,8 @@ bool writeSettingsFile(const QString& path, const CameraSettings& settings, QStr
 
 std::optional<CameraSettings> readSettingsFile(const QString& path, QString& error)
 {
+    if (isSomethingElse(path, error))
+        return std::nullopt;
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) {
         error = file.errorString();

@@ -632,8 +632,10 @@ class Camera:
             value: what to set, in the parameter's unit.
                 It is converted to the parameter's type: True and False go as
                 1 and 0, floats lose their fraction where whole numbers are
-                needed. Of an int the low 32 bits count. An entry of an
-                enumeration may be given as its number or its name; a command
+                needed. Of an int the low 32 bits count. An enumeration with
+                upper-case constants takes one of these numbers; a text that is
+                no number counts as 0 there. One of the camera's own, for
+                example "PixelFormat", also takes an entry's name. A command
                 is executed by 1.
 
         Returns:

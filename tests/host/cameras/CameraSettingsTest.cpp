@@ -12,6 +12,8 @@
 
 #include <gmock/gmock.h>
 
+#include <sys/stat.h>
+
 #include <functional>
 
 namespace vistrel::test {
@@ -253,6 +255,16 @@ TEST_F(SettingsFile, ThatCannotBeWrittenIsSaidAndNothingIsLeftBehind)
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden).size(), 0);
 }
 
+TEST_F(SettingsFile, ThatIsAPipeIsNeitherWaitedForNorReplaced)
+{
+    const QString pipe = QStringLiteral("pipe");
+    ASSERT_EQ(mkfifo(path(pipe).toUtf8().constData(), 0600), 0);
+    EXPECT_FALSE(load(pipe));
+    EXPECT_FALSE(save(pipe));
+    EXPECT_TRUE(QFileInfo::exists(path(pipe)) && !QFileInfo(path(pipe)).isFile());
+    EXPECT_THAT(log.text(), HasSubstr("pipe: it is no file"));
+}
+
 TEST_F(SettingsFile, ReplacesAnEarlierOne)
 {
     put(QByteArray(100'000, 'x'));
@@ -332,7 +344,7 @@ TEST_F(Restart, OfNoCameraIsRefused)
     EXPECT_FALSE(manager.restartWithDefaults(nullptr));
     EXPECT_FALSE(manager.restartWithDefaults(&stranger));
     EXPECT_EQ(manager.openedCameraCount(), 1U);
-    EXPECT_THAT(log.text(), HasSubstr("the camera is not open"));
+    EXPECT_THAT(log.text(), HasSubstr("a camera cannot be restarted: the camera is not open"));
 }
 
 TEST_F(Restart, GoesTogetherWithOpeningTheCameraByHand)

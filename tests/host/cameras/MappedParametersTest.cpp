@@ -113,6 +113,12 @@ TEST_F(KnownParameters, ARefusedValueIsLoggedWithParameterValueLimitsAndStep)
         EXPECT_NE(write(camera, "framerate", CxValue::fromFloat(number)), 0);
 }
 
+TEST_F(KnownParameters, NoValueIsRefusedWithAWholeSentence)
+{
+    EXPECT_EQ(write(camera, "width", CxValue()), status(ParameterStatus::WrongType));
+    EXPECT_THAT(log.text(), HasSubstr("parameter width cannot be set: there is no value"));
+}
+
 TEST_F(KnownParameters, AnEnumerationTakesItsConstantsAndRefusesOthersWithAList)
 {
     EXPECT_EQ(write(camera, "image_data_format", CxValue::fromInt(4)), 0);

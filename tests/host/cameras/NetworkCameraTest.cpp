@@ -325,6 +325,17 @@ TEST_F(DyingCamera, IsNotWaitedForWhenItIsStoppedAndRestarted)
     });
 }
 
+TEST_F(DyingCamera, SaysOnceThatItDoesNotTakeItsDefaults)
+{
+    expectSoonGivenUp([&](CxCameraParameters&, void* camera) {
+        EXPECT_TRUE(manager.restartWithDefaults(camera));
+    });
+    EXPECT_THAT(log.text(),
+                testing::AllOf(testing::HasSubstr("the defaults cannot be set: the connection "
+                                                  "broke"),
+                               testing::Not(testing::HasSubstr("Width"))));
+}
+
 TEST_F(DyingCamera, HoldsNobodyUpWhenNobodySpeaksToIt)
 {
     void* camera = openAndKill();
