@@ -5,9 +5,17 @@
 # What every test sees: no screen, and a Python that is not led astray by the developer's shell.
 set(VISTREL_TEST_ENVIRONMENT
     "QT_QPA_PLATFORM=offscreen" "PYTHONDONTWRITEBYTECODE=1"
+    # Tests ask for pictures that no memory holds, and for some that hold most of it.
+    "ASAN_OPTIONS=allocator_may_return_null=1:max_allocation_size_mb=1024"
     "LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/sanitizers/lsan.supp:print_suppressions=0"
     "TSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/sanitizers/tsan.supp"
     "UBSAN_OPTIONS=print_stacktrace=1")
+
+# Seconds; what is checked at each step takes longer.
+set(VISTREL_TEST_TIMEOUT 120)
+if(VISTREL_SANITIZERS)
+    set(VISTREL_TEST_TIMEOUT 300)
+endif()
 
 # vistrel_gtest(NAME SOURCES... LIBRARIES... [LOCK RESOURCE]): a GoogleTest program, each case a ctest
 # of its own. Cases and other tests with the same LOCK do not run at the same time.
@@ -15,11 +23,14 @@ function(vistrel_gtest name)
     cmake_parse_arguments(PARSE_ARGV 1 arg "" "LOCK" "SOURCES;LIBRARIES")
     add_executable(${name} ${arg_SOURCES})
     vistrel_warnings(${name})
+    if(VISTREL_SANITIZERS) # what the tests call is worth optimising, they themselves are not
+        target_compile_options(${name} PRIVATE -O0)
+    endif()
     set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/test-bin")
     target_link_libraries(${name} PRIVATE ${arg_LIBRARIES} GTest::gmock)
     gtest_discover_tests(
         ${name} TEST_PREFIX "${name}." DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60
-        PROPERTIES TIMEOUT 120 RESOURCE_LOCK "${arg_LOCK}")
+        PROPERTIES TIMEOUT ${VISTREL_TEST_TIMEOUT} RESOURCE_LOCK "${arg_LOCK}")
     # gtest_discover_tests keeps only the first entry of a list; the names that it found are known
     # when ctest starts.
     set(environment_file "${CMAKE_CURRENT_BINARY_DIR}/${name}_environment.cmake")
@@ -36,6 +47,6 @@ function(vistrel_script_test name script)
     cmake_parse_arguments(PARSE_ARGV 2 arg "" "" "ARGS;ENVIRONMENT")
     add_test(NAME ${name} COMMAND "$<TARGET_FILE:vistrel-run>" ${arg_ARGS}
                                   "${CMAKE_CURRENT_SOURCE_DIR}/${script}")
-    set_tests_properties(${name} PROPERTIES TIMEOUT 120
+    set_tests_properties(${name} PROPERTIES TIMEOUT ${VISTREL_TEST_TIMEOUT}
                          ENVIRONMENT "${VISTREL_TEST_ENVIRONMENT};${arg_ENVIRONMENT}")
 endfunction()

@@ -63,9 +63,10 @@ class WrongUsage(ProgramTest):
         self.assert_refused(self.call("-", "-"), "standard input")
 
     def test_folders_must_be_there(self):
+        missing = str(self.folder / "missing")
         for option in ("--cwd", "--python-home"):
             with self.subTest(option):
-                self.assert_refused(self.run_text(PRINTS, option, "/nowhere"), "/nowhere")
+                self.assert_refused(self.run_text(PRINTS, option, missing), missing)
 
     def test_images_need_a_name_that_scripts_can_use(self):
         picture = self.picture()
