@@ -370,7 +370,10 @@ def add_menu_item(
         script: the script file; resolved like the path of open_file().
         submenu: title of the submenu that gets the entry, made when there is
             none of exactly that title; empty: the menu itself.
-        extra: a text for the host.
+        extra: a text for the host; the reference host takes it as the
+            entry's keyboard shortcut, such as "Ctrl+Shift+M". The newest
+            entry with a shortcut has it; those of the application itself are
+            not given away, which the error log tells.
 
     Raises:
         Exception: "running GUI function from non-main thread"
