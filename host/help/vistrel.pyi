@@ -144,13 +144,42 @@ def add_chain_object(name: str, conf: dict[str, Any] = {}, /) -> None:
     the elements that were put in before it. A running stream is stopped
     meanwhile and goes on.
 
-        vistrel.add_chain_object("Gaussian Blur", {"radius": 2.5})
+        vistrel.add_chain_object("Gaussian Blur", {"sigma": 2.5})
+
+    The elements, what their settings may be, and the defaults in brackets:
+
+        Gaussian Blur smooths.
+            sigma: a number from 0.1 to 50 (1), in pixels.
+            radius: a whole number from 0 to 150 (0), how far it looks, in
+                pixels; 0: as far as sigma asks for.
+        Flip mirrors.
+            direction: horizontal, vertical, both (horizontal).
+        Rotate turns clockwise.
+            angle: 90, 180, 270 (90), in degrees.
+        Threshold makes values above a level white and others 0.
+            level: a number from -1 to 4294967295 (-1), in the picture's
+                values; -1: half of white.
+            automatic: 0 or 1 (0); 1 finds the level in each picture.
+            invert: 0 or 1 (0); 1 makes white 0 and 0 white.
+        Gamma changes the brightness of the middle; 0 and white stay.
+            gamma: a number from 0.1 to 10 (2.2); above 1 lightens.
+        Median takes single wrong pixels out.
+            radius: a whole number from 1 to 50 (1), in pixels; at most 2 for
+                more than 8 bits.
+        Background Subtraction shows what differs from a background.
+            rate: a number from 0 to 1 (0.05), the share that a frame has in
+                the background from then on; 0: the first frame stays.
+            difference: absolute, brighter, darker (absolute).
+        Frame Average takes the mean of the frames so far.
+            frames: a whole number from 2 to 1000 (8); when so many have come,
+                each further one replaces its share.
 
     Args:
-        name: the element's display name; upper and lower case are the same.
-        conf: its settings by name; each element has its own.
+        name: the element; upper and lower case are the same.
+        conf: its settings by name; the others have their defaults.
             Values are int (32 bits), float, bool or str, others are left out.
-            The error log tells of a setting that the element refuses.
+            The error log tells of a name that the element does not know, and
+            of a wrong value, for which the default holds.
 
     Raises:
         Exception: "running GUI function from non-main thread"
@@ -256,13 +285,23 @@ def new_view_with_image(
 def record_video_to_file(path: str, view_id: int = -1, /) -> bool:
     """Start to record what a view shows to a film file.
 
+    Every frame that comes out of the view's chain is recorded, with 8 bits
+    and at the frame rate that the camera has now; a view without a camera
+    records each picture that it gets, 25 for a second of film. A picture of
+    another size than the first is fitted into the film. Frames that come
+    faster than they can be written are left out and counted in the log.
+
+    The film ends with stop_video_recording(), when the view or the application
+    is closed, and when the disk is full. It can be played afterwards.
+
         if vistrel.record_video_to_file("run.avi"):
             vistrel.wait(10.0)
             vistrel.stop_video_recording()
 
     Args:
-        path: the film; its ending chooses the format. Resolved like that of
-            open_file().
+        path: the film: .avi for Motion JPEG, .mp4 for MPEG-4; there are no
+            others. Missing folders are made, an existing file is replaced.
+            Resolved like that of open_file().
         view_id: id of the view; -1 is the active view.
 
     Returns:

@@ -3,8 +3,10 @@
 // Settings of processing elements: read from attributes, and written back.
 #include "ChainFixtures.h"
 #include "core/HostSingletons.h"
+#include "help/HelpTexts.h"
 
 #include <QtCore/QFile>
+#include <QtCore/QRegularExpression>
 
 using namespace vistrel;
 using namespace vistrel::test;
@@ -152,6 +154,30 @@ TEST(TheDocument, DescribesEverySettingOfEveryElement)
             first.clear();
         }
     }
+}
+
+TEST(TheHelpText, DescribesEverySettingOfEveryElementAndNoOther)
+{
+    const QString text = QString::fromUtf8(functionHelp("vistrel", "add_chain_object"));
+    const QString elements = text.section(QStringLiteral("The elements, "), 1)
+                                 .section(QStringLiteral("\nArgs:\n"), 0, 0);
+    const auto count = [&elements](const QString& pattern) {
+        return elements.count(QRegularExpression(pattern, QRegularExpression::MultilineOption));
+    };
+    ClassRegistry registry;
+    int number = 0;
+    for (const QString& name : registry.classesForInterface(QStringLiteral("CxChainable"), true)) {
+        const QString displayName = registry.customName(name);
+        QString lines = QStringLiteral("^    %1 [a-z][^\n]+\\.\n").arg(displayName);
+        const auto element = newElement(displayName.toLatin1().constData());
+        for (const ElementSetting& setting : element->settings().descriptions()) {
+            lines += QStringLiteral("        %1: %2 \\(%3\\)[^\n]*\n(?: {12}[^\n]+\n)*")
+                         .arg(setting.name, setting.allowed(), setting.text(setting.standard));
+            ++number;
+        }
+        EXPECT_EQ(count(lines), 1) << qPrintable(lines);
+    }
+    EXPECT_EQ(count(QStringLiteral("^ {8}\\w+: ")), number);
 }
 
 TEST(ClassRegistry, FindsTheElementsInTheirOrder)
