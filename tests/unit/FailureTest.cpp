@@ -81,6 +81,16 @@ TEST_F(Failure, OfTheImageTypeIsLoggedAndTheModuleGoesWithoutIt)
     EXPECT_EQ(run("assert 'picture' not in globals()"), QString()) << "nothing is bound, or said";
 }
 
+TEST_F(Failure, OfTheGraphTypeIsLoggedAndTheModuleGoesWithoutIt)
+{
+    failing.typeName = "vistrel.Graph";
+    EXPECT_EQ(run("import vistrel\n"
+                  "assert hasattr(vistrel, 'Image') and not hasattr(vistrel, 'Graph')"),
+              QString());
+    EXPECT_TRUE(log.hasLineEndingWith(
+        QStringLiteral("fx_pygraphs_TypeReady(): Failed to register vistrel.GraphType")));
+}
+
 TEST_F(Failure, OfAddingATypeDoesNotStopTheModule)
 {
     failing.addedName = "Image";

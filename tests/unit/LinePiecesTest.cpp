@@ -59,6 +59,13 @@ TEST(LinePieces, NoPointsAndOnePointMakeNoSegments)
     EXPECT_TRUE(line_pieces::visibleSegments({{1, 1}}, view).isEmpty());
 }
 
+TEST(LinePieces, JoiningCostsTheSquareOfTheRowsThatASegmentCrosses)
+{
+    EXPECT_EQ(line_pieces::joiningCost({}), 0.0);
+    EXPECT_EQ(line_pieces::joiningCost({{0, 5, 900, 5}}), 0.0);
+    EXPECT_EQ(line_pieces::joiningCost({{0, 0, 1, 30}, {1, 30, 2, -10}}), 30.0 * 30 + 40.0 * 40);
+}
+
 TEST(LinePieces, SegmentsThatMeetAreJoinedUpToALength)
 {
     const QList<QLineF> segments{{0, 0, 1, 0}, {1, 0, 2, 0}, {2, 0, 3, 0}, {7, 0, 8, 0}};

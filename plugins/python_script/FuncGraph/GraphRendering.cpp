@@ -35,16 +35,22 @@ protected:
         const double border = 4 * lineWidth; // keeps cut-off ends and joins out of sight
         const QRectF view = QRectF(clipRect()).adjusted(-border, -border, border, border);
         const QList<QLineF> segments = line_pieces::visibleSegments(points, view);
-        // Joining takes time for every row that a segment may cross; of many segments, one cannot
-        // see how they are joined.
-        constexpr double muchToJoin = 256.0 * 1024.0;
-        if (static_cast<double>(segments.size()) * view.height() > muchToJoin)
+        if (isMuchToJoin(segments, view.height()))
             painter->drawLines(segments);
         else
             drawJoined(painter, segments);
     }
 
 private:
+    /// Of many segments, one cannot see how they are joined; of long steep ones, hardly.
+    static bool isMuchToJoin(const QList<QLineF>& segments, double height)
+    {
+        constexpr double mostRows = 256.0 * 1024.0;
+        constexpr double highestCost = 8e6; // some 50 ms
+        return static_cast<double>(segments.size()) * height > mostRows
+               || line_pieces::joiningCost(segments) > highestCost;
+    }
+
     static void drawJoined(QCPPainter* painter, const QList<QLineF>& segments)
     {
         constexpr int pointsOfAPiece = 9;

@@ -4,6 +4,7 @@
 #include "FuncGraph/LinePieces.h"
 
 #include <cmath>
+#include <numeric>
 
 namespace line_pieces {
 
@@ -70,6 +71,13 @@ QList<QLineF> visibleSegments(const QList<QPointF>& points, const QRectF& view)
             segments.append(segment);
     }
     return segments;
+}
+
+double joiningCost(const QList<QLineF>& segments)
+{
+    return std::accumulate(
+        segments.begin(), segments.end(), 0.0,
+        [](double cost, const QLineF& segment) { return cost + segment.dy() * segment.dy(); });
 }
 
 QList<QList<QPointF>> joined(const QList<QLineF>& segments, int longest)

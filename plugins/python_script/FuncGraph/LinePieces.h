@@ -17,6 +17,10 @@ QLineF clipped(const QLineF& segment, const QRectF& view);
 /// left out. A point with a coordinate that is not finite interrupts the line.
 QList<QLineF> visibleSegments(const QList<QPointF>& points, const QRectF& view);
 
+/// What it takes Qt's painter to draw the segments joined, as a number to compare: it grows with
+/// the square of the rows that a segment crosses.
+double joiningCost(const QList<QLineF>& segments);
+
 /// The longest lines through at most `longest` points that the segments make up.
 QList<QList<QPointF>> joined(const QList<QLineF>& segments, int longest);
 
