@@ -41,9 +41,8 @@ Flip::Flip()
 
 QString Flip::apply(CxImageData& image)
 {
-    movePixels(image, m_result,
-               flipTowards(static_cast<Direction>(settings().choice(directionName))));
-    return {};
+    return movePixels(image, m_result,
+                      flipTowards(static_cast<Direction>(settings().choice(directionName))));
 }
 
 } // namespace vistrel

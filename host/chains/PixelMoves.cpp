@@ -58,17 +58,17 @@ SxPicBufInfo movedInfo(const SxPicBufInfo& source, const PixelMove& move)
     return info;
 }
 
-/// A type of OpenCV that has the size of a pixel, of the largest units on which all lines of both
-/// pictures begin.
-int pixelTypeFor(const SxPicBuf& a, const SxPicBuf& b)
+/// The size in bytes of the largest units on which all pixels of both pictures begin.
+int unitSizeFor(const SxPicBuf& a, const SxPicBuf& b)
 {
     const auto address = [](const SxPicBuf& buffer) {
         return reinterpret_cast<std::uintptr_t>(buffer.data) | buffer.stride;
     };
-    const int bytes = static_cast<int>(a.bytesPerPixel());
     const std::uintptr_t all = address(a) | address(b) | a.bytesPerPixel();
-    return all % 4 == 0 ? CV_32SC(bytes / 4) : all % 2 == 0 ? CV_16UC(bytes / 2) : CV_8UC(bytes);
+    return all % 4 == 0 ? 4 : all % 2 == 0 ? 2 : 1;
 }
+
+int depthOfUnits(int size) { return size == 4 ? CV_32S : size == 2 ? CV_16U : CV_8U; }
 
 /// OpenCV transposes pixels of some sizes only: others go value by value.
 void moveChannels(const cv::Mat& from, cv::Mat& to, const PixelMove& move)
@@ -96,11 +96,15 @@ cv::Mat pixelsOver(const SxPicBuf& buffer, int type)
 
 } // namespace
 
-void movePixels(CxImageData& image, ResultPicture& result, const PixelMove& move)
+QString movePixels(CxImageData& image, ResultPicture& result, const PixelMove& move)
 {
     const SxPicBuf& source = *image.picBuf();
     const SxPicBuf& target = result.shaped(movedInfo(source, move));
-    const int type = pixelTypeFor(source, target);
+    const int unitSize = unitSizeFor(source, target);
+    const int units = static_cast<int>(source.bytesPerPixel()) / unitSize;
+    if (units > CV_CN_MAX)
+        return QStringLiteral("they have too many channels");
+    const int type = CV_MAKETYPE(depthOfUnits(unitSize), units);
     const cv::Mat from = pixelsOver(source, type);
     cv::Mat to = pixelsOver(target, type);
     if (move.exchangesSides && !isTransposed(from.elemSize()))
@@ -108,6 +112,7 @@ void movePixels(CxImageData& image, ResultPicture& result, const PixelMove& move
     else
         move.move(from, to);
     result.exchange(image);
+    return {};
 }
 
 } // namespace vistrel

@@ -26,7 +26,8 @@ struct PixelMove {
 };
 
 /// Moves the pixels of a picture of any element type, packed ones too. A colour filter's pattern is
-/// the one that the moved pixels have.
-void movePixels(CxImageData& image, ResultPicture& result, const PixelMove& move);
+/// the one that the moved pixels have. Returns why the picture was left as it was, for people, or
+/// an empty text.
+QString movePixels(CxImageData& image, ResultPicture& result, const PixelMove& move);
 
 } // namespace vistrel

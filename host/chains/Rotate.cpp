@@ -36,8 +36,8 @@ Rotate::Rotate()
 
 QString Rotate::apply(CxImageData& image)
 {
-    movePixels(image, m_result, turns.at(static_cast<std::size_t>(settings().choice(angleName))));
-    return {};
+    return movePixels(image, m_result,
+                      turns.at(static_cast<std::size_t>(settings().choice(angleName))));
 }
 
 } // namespace vistrel

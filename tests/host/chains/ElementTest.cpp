@@ -68,6 +68,26 @@ TEST(Rotate, FourQuartersBringPixelsOfEveryKindBack)
     });
 }
 
+TEST(PixelMoves, TakeAsManyChannelsAsOpenCvAndPassOthersOn)
+{
+    for (const char* const name : {"Flip", "Rotate"}) {
+        for (const unsigned channels : {512U, 513U, 2048U, 2052U}) {
+            const LogLines log;
+            auto image = newImage({.width = 2, .height = 2, .channels = channels});
+            fillRandomly(*image->picBuf(), 1);
+            const Bytes before = valuesIn<quint8>(*image->picBuf());
+            const auto element = newElement(name);
+            element->process(*image);
+            const bool isMoved = valuesIn<quint8>(*image->picBuf()) != before;
+            EXPECT_EQ(isMoved, LogLines::lines().isEmpty()) << name << channels;
+            EXPECT_EQ(isMoved, channels % 512 == 0) << name << channels;
+            for (int i = 0; i < 3; ++i)
+                element->process(*image);
+            EXPECT_EQ(valuesIn<quint8>(*image->picBuf()), before) << name << channels;
+        }
+    }
+}
+
 TEST(Flip, TakesAColourFiltersPatternAlong)
 {
     using Cfa = ExColorFilterArray;
