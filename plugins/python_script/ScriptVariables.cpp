@@ -3,6 +3,7 @@
 // Names in `__main__`, the namespace in which every script runs.
 #include "CxPythonScriptPlugin.h"
 #include "FuncImage/ImageType.h"
+#include "Interpreter.h"
 #include "Logging.h"
 #include "PyText.h"
 
@@ -16,6 +17,8 @@ namespace {
 /// deleted from it may run code that drops the module.
 PyRef mainNames()
 {
+    if (!interpreter::isRunning())
+        return {};
     PyObject* mainModule = PyImport_AddModule("__main__");
     PyObject* names = mainModule != nullptr ? PyModule_GetDict(mainModule) : nullptr;
     if (names == nullptr)
@@ -39,7 +42,9 @@ std::optional<std::string> textOf(PyObject* object)
 template<class Visitor>
 void forEachKey(const PyRef& names, Visitor visit)
 {
-    const PyRef keys = PyRef::take(names ? PyDict_Keys(names.get()) : nullptr);
+    if (!names)
+        return;
+    const PyRef keys = PyRef::take(PyDict_Keys(names.get()));
     if (!keys) {
         PyErr_Clear();
         return;
@@ -52,7 +57,8 @@ void forEachKey(const PyRef& names, Visitor visit)
 
 void CxPythonScriptPlugin::addImageVariable(const QString& name, CxImageData* image)
 {
-    if (!m_initialised || image == nullptr)
+    // Another plugin object may have stopped the interpreter.
+    if (!m_initialised || !interpreter::isRunning() || image == nullptr)
         return;
     PyRef object = PyRef::take(fx_pyimg_createNewImageObject(image, false));
     PyObject* mainModule = PyImport_AddModule("__main__");

@@ -181,6 +181,18 @@ TEST_F(NestedScripts, AHigherRecursionLimitDoesNotBreakTheStack)
     EXPECT_EQ(output, QStringLiteral("outer"));
 }
 
+TEST_F(NestedScripts, AtTheEndOfTheStackEachScriptThatStartsHasRoomToBeCompiled)
+{
+    write("nested.py", "x = " + QByteArray(90, '[') + QByteArray(90, ']'));
+    write("self.py", "vistrel.run_script('self.py')\nvistrel.run_script('nested.py')\n");
+    const QString errors = run("import sys\n"
+                               "sys.setrecursionlimit(1_000_000)\n"
+                               "vistrel.run_script('self.py')\n"
+                               "print('outer', end='')\n");
+    EXPECT_TRUE(errors.contains(QLatin1String("RecursionError"))) << qPrintable(errors.left(1000));
+    EXPECT_EQ(output, QStringLiteral("outer"));
+}
+
 TEST_F(NestedScripts, ASmallStackOfAThreadIsNotBrokenEither)
 {
     write("self.py", "depth += 1\nvistrel.run_script('self.py')\n");

@@ -79,4 +79,31 @@ TEST_F(ScriptVariables, AnImageThatCannotBeBoundBindsNothingAndReportsNothing)
     EXPECT_FALSE(log.hasLineEndingWith(QString()));
 }
 
+TEST(ScriptVariablesOfAPlugin, AreNoneBeforeTheInterpreterStartsAndAfterAnotherPluginStoppedIt)
+{
+    PlainEnvironment environment;
+    CxImageData image;
+    CxPythonScriptPlugin plugin;
+    plugin.init();
+    const auto expectNone = [&] {
+        EXPECT_TRUE(plugin.listLocalVariables().empty());
+        plugin.deleteNewLocalVariables({});
+        plugin.dumpLocalVariables();
+        plugin.addImageVariable(QStringLiteral("picture"), &image);
+    };
+    expectNone();
+    const auto run = [&environment](CxPythonScriptPlugin& runner) {
+        return runner.runScript(QStringLiteral("assert 'picture' not in globals()"), &environment,
+                                QString(), nullptr, nullptr, nullptr);
+    };
+    {
+        CxPythonScriptPlugin starter;
+        starter.init();
+        EXPECT_EQ(run(starter), QString());
+        EXPECT_EQ(run(plugin), QString());
+    }
+    expectNone();
+    EXPECT_EQ(run(plugin), QString());
+}
+
 } // namespace

@@ -9,6 +9,7 @@
 
 #include <pthread.h>
 
+#include <algorithm>
 #include <cstddef>
 
 using python::PyRef;
@@ -22,8 +23,9 @@ constexpr char tooDeep[] = "maximum recursion depth exceeded while running a scr
 /// Calls that must be left to a script: for printing an error with its traceback, and, before
 /// Python 3.10, more than the 50 that end the process when they are used up after an overflow.
 constexpr int callsToKeep = 60;
-/// Stack that must be left, in bytes: compiling takes most of it.
-constexpr std::size_t stackToKeep = std::size_t{128} * 1024;
+/// Stack that must be left, in bytes: compiling takes most of it, 170 KiB for 90 brackets in each
+/// other. Of a small stack it is the half.
+constexpr std::size_t stackToKeep = std::size_t{512} * 1024;
 
 // No interface tells the depth, and what counts as a call differs from version to version, so as
 // many calls are made as are to be kept. Nothing here is ever released: it goes with its
@@ -36,8 +38,9 @@ PyObject* g_stepDown = nullptr;
 PyObject* g_tower = nullptr;
 PyObject* g_otherTower = nullptr;
 
-/// The far end of the calling thread's stack; null when it cannot be had.
-const std::byte* endOfStack()
+/// How far the calling thread's stack may be used when a script starts; null when that cannot be
+/// had.
+const std::byte* endOfRoom()
 {
     pthread_attr_t attributes;
     if (pthread_getattr_np(pthread_self(), &attributes) != 0)
@@ -46,15 +49,14 @@ const std::byte* endOfStack()
     std::size_t size = 0;
     pthread_attr_getstack(&attributes, &lowest, &size);
     pthread_attr_destroy(&attributes);
-    return static_cast<const std::byte*>(lowest);
+    return static_cast<const std::byte*>(lowest) + std::min(stackToKeep, size / 2);
 }
 
 bool isStackLeft()
 {
     // Looked up once a thread: for the first one the C library reads a file of the kernel's.
-    static thread_local const std::byte* const end = endOfStack();
-    const auto* const here = static_cast<const std::byte*>(__builtin_frame_address(0));
-    return end == nullptr || static_cast<std::size_t>(here - end) >= stackToKeep;
+    static thread_local const std::byte* const end = endOfRoom();
+    return end == nullptr || static_cast<const std::byte*>(__builtin_frame_address(0)) >= end;
 }
 
 bool areCallsLeft()
