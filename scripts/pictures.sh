@@ -9,6 +9,7 @@ scripts/setup.sh build
 cmake --preset default --log-level=WARNING
 cmake --build --preset default --target vistrel-run vistrel_python_script vistrel_codecs
 
-for topic in first_light import drawing conversions measurements; do
+for topic in first_light import drawing conversions measurements line_profile live_histogram \
+    exposure_series; do
     build/bin/vistrel-run --camera sim --cwd docs/pictures "examples/$topic.py"
 done

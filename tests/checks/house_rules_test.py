@@ -172,6 +172,13 @@ class Habits(unittest.TestCase):
             if is_text and path != Path(__file__).resolve().relative_to(ROOT):
                 self.assertNotRegex(text_of(path), FOREIGN_TEXTS, path)
 
+    def test_every_example_is_listed_and_run_by_a_test(self) -> None:
+        index = text_of(Path("examples/README.md"))
+        tests = text_of(Path("tests/scripts/CMakeLists.txt"))
+        for path in (ROOT / "examples").glob("*.py"):
+            self.assertIn(f"[{path.name}]({path.name})", index)
+            self.assertRegex(tests, rf"\b{path.stem}\b")
+
     def test_error_texts_stand_once(self) -> None:
         texts: dict[str, Path] = {}
         for path in sources_below("plugins"):
