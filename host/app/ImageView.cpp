@@ -117,10 +117,14 @@ bool ImageView::startRecording(QString path)
         logError(tr("\"%1\" is not recorded: %2").arg(path, error));
         return false;
     }
-    m_chain.end().setObserver(
-        [recorder = m_recorder](CxImageData& image) { recorder->take(image); });
+    m_chain.end().setObserver([recorder = m_recorder](CxImageData& image, ChainEnd::Origin origin) {
+        if (origin == ChainEnd::Origin::Still)
+            recorder->takeStill(image);
+        else
+            recorder->take(image);
+    });
     if (m_isStill && m_image)
-        m_recorder->take(*m_image);
+        m_recorder->takeStill(*m_image);
     return true;
 }
 

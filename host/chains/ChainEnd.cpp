@@ -28,7 +28,7 @@ void ChainEnd::deliver(std::unique_ptr<CxImageData> frame)
 {
     const std::scoped_lock lock(m_mutex);
     if (m_observer)
-        m_observer(*frame);
+        m_observer(*frame, Origin::Stream);
     if (m_output)
         m_output(std::move(frame));
 }
@@ -37,7 +37,7 @@ void ChainEnd::observe(CxImageData& image)
 {
     const std::scoped_lock lock(m_mutex);
     if (m_observer)
-        m_observer(image);
+        m_observer(image, Origin::Still);
 }
 
 QString ChainEnd::apply(CxImageData&) { return {}; }

@@ -18,8 +18,11 @@ class ChainEnd : public ChainElement {
     Q_CLASSINFO("customName", "View")
 
 public:
-    /// Looks at every picture before it is shown; it must be quick and must not throw.
-    using Observer = std::function<void(CxImageData&)>;
+    /// Where a picture comes from: a stream does not wait, who sets a single picture does.
+    enum class Origin { Stream, Still };
+    /// Looks at every picture before it is shown. It must not throw, and must be quick with those
+    /// of a stream.
+    using Observer = std::function<void(CxImageData&, Origin)>;
 
     ChainEnd();
 
@@ -32,7 +35,7 @@ public:
 
     /// A finished frame. Any thread.
     void deliver(std::unique_ptr<CxImageData> frame);
-    /// Shows a picture to the observer alone. Any thread.
+    /// Shows a still picture to the observer alone. Any thread.
     void observe(CxImageData& image);
 
 private:

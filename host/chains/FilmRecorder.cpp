@@ -27,6 +27,10 @@ namespace {
 /// for their memory and for the wait at the end.
 constexpr std::size_t waitingPictures = 16;
 
+/// How long a still picture waits for its place. One that is being written makes room for the next
+/// long before, unless the disk does not answer.
+constexpr std::chrono::seconds stillPatience{5};
+
 /// Room that is left on the disk for the end of the file, its index above all.
 constexpr quint64 reservedBytes = quint64{1} << 20;
 
@@ -163,6 +167,13 @@ void FilmRecorder::take(CxImageData& image)
     } else {
         ++m_dropped;
     }
+}
+
+void FilmRecorder::takeStill(CxImageData& image)
+{
+    if (m_recording)
+        m_worker.waitForRoom(stillPatience);
+    take(image);
 }
 
 void FilmRecorder::finish()

@@ -16,8 +16,8 @@ namespace vistrel {
 
 class FilmWriter;
 
-/// Writes on a thread of its own. When pictures come faster than they can be encoded, whole ones
-/// are dropped, counted, and the count is logged at the end. GUI thread, if not said otherwise.
+/// Writes on a thread of its own. When a camera's pictures come faster than they can be encoded,
+/// whole ones are dropped, counted, and the count is logged at the end. GUI thread, if not said otherwise.
 class FilmRecorder {
 public:
     /// Makes ready to record: checks the ending (.avi or .mp4), makes missing folders, loads what
@@ -32,6 +32,9 @@ public:
 
     /// Takes a copy of a picture, unless too many wait already. Returns soon. Any thread.
     void take(CxImageData& image);
+    /// The same for a picture that is shown once and behind which no camera waits: while too many
+    /// wait already, waits for room first, as long as the disk is not stuck altogether.
+    void takeStill(CxImageData& image);
     /// Writes what waits and ends the film; afterwards the file can be played. A file that no
     /// picture has come for is removed if it was not there before.
     void finish();

@@ -73,6 +73,13 @@ bool FrameWorker::hasRoom() const
     return m_started && m_waiting.size() < m_capacity;
 }
 
+void FrameWorker::waitForRoom(std::chrono::milliseconds atMost)
+{
+    std::unique_lock lock(m_mutex);
+    m_changed.wait_for(lock, atMost,
+                       [this] { return !m_started || m_waiting.size() < m_capacity; });
+}
+
 quint64 FrameWorker::dropped() const
 {
     const std::scoped_lock lock(m_mutex);
@@ -89,6 +96,7 @@ void FrameWorker::run()
         std::unique_ptr<CxImageData> frame = std::move(m_waiting.front());
         m_waiting.pop_front();
         m_busy = true;
+        m_changed.notify_all(); // there is room
         lock.unlock();
         m_work(std::move(frame));
         lock.lock();

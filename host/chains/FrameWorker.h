@@ -5,6 +5,7 @@
 
 #include <QtCore/QtGlobal>
 
+#include <chrono>
 #include <condition_variable>
 #include <cstddef>
 #include <deque>
@@ -49,6 +50,9 @@ public:
     void put(std::unique_ptr<CxImageData> frame);
     /// Whether a frame handed in now would find room.
     bool hasRoom() const;
+    /// Returns when a frame handed in now would find room, when it would be dropped in any case, or
+    /// when that time is over.
+    void waitForRoom(std::chrono::milliseconds atMost);
     /// Frames that were handed in and not worked on.
     quint64 dropped() const;
 

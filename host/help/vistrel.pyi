@@ -288,8 +288,9 @@ def record_video_to_file(path: str, view_id: int = -1, /) -> bool:
     Every frame that comes out of the view's chain is recorded, with 8 bits
     and at the frame rate that the camera has now; a view without a camera
     records each picture that it gets, 25 for a second of film. A picture of
-    another size than the first is fitted into the film. Frames that come
-    faster than they can be written are left out and counted in the log.
+    another size than the first is fitted into the film. Camera frames that
+    come faster than they can be written are left out and counted in the log;
+    set_view_image() waits until its picture has a place in the film.
 
     The film ends with stop_video_recording(), when the view or the application
     is closed, and when the disk is full. It can be played afterwards.

@@ -243,6 +243,19 @@ TEST_F(ViewChain, OfAStillPictureIsRecordedPictureByPicture)
     EXPECT_EQ(picturesIn(path("a.avi")), 4); // the first was there at the start
 }
 
+TEST_F(ViewChain, OfAStillPictureIsRecordedWholeHoweverFastPicturesAreSet)
+{
+    const LogLines log;
+    const int id = openView();
+    app.setViewImage(id, nullptr);
+    ASSERT_TRUE(app.view(id)->startRecording(path("a.avi")));
+    for (int i = 0; i < 60; ++i)
+        app.setViewImage(id, makeImage(1280, 1024, 4 * i).release());
+    app.view(id)->stopRecording();
+    EXPECT_EQ(picturesIn(path("a.avi")), 60);
+    EXPECT_TRUE(log.errors().isEmpty());
+}
+
 TEST_F(ViewChain, IsNotRecordedTwiceAtOnce)
 {
     const LogLines log;
@@ -281,6 +294,7 @@ TEST_F(ViewChain, EndsItsFilmWhenTheViewIsClosed)
 {
     const int id = startCamera();
     ASSERT_TRUE(app.view(id)->startRecording(path("a.mp4")));
+    ASSERT_TRUE(nextFrame(id)); // may have passed before the start
     for (int i = 0; i < 3; ++i)
         ASSERT_TRUE(nextFrame(id));
     app.view(id)->closeMdiView();

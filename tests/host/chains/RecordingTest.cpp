@@ -224,6 +224,30 @@ TEST_F(Recording, CountsAndLogsPicturesThatCameTooFast)
         << qPrintable(LogLines::joined()) << played;
 }
 
+TEST_F(Recording, WaitsForRoomForStillPictures)
+{
+    const auto recorder = start("a.avi");
+    auto image = newImage({.width = 1024, .height = 1024});
+    constexpr int offered = 60;
+    for (int i = 0; i < offered; ++i)
+        recorder->takeStill(*image);
+    recorder->finish();
+    EXPECT_EQ(picturesIn(path("a.avi")).size(), std::size_t{offered});
+    EXPECT_EQ(LogLines::joined(), QString());
+}
+
+TEST_F(Recording, DoesNotHoldStillPicturesUpWhenItHasEnded)
+{
+    const auto recorder = start("a.mp4");
+    auto refused = newImage({.width = 70000, .height = 16}); // by the encoder
+    for (int i = 0; i < 60; ++i)
+        recorder->takeStill(*refused);
+    recorder->finish();
+    recorder->takeStill(*refused);
+    EXPECT_FALSE(recorder->isRecording());
+    EXPECT_TRUE(LogLines::joined().contains(QStringLiteral("has ended after 0 pictures")));
+}
+
 TEST_F(Recording, IsCompleteWhenTheRecorderGoes)
 {
     {
