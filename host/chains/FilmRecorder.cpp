@@ -17,6 +17,7 @@
 
 #include <sys/statvfs.h>
 
+#include <cerrno>
 #include <utility>
 
 namespace vistrel {
@@ -34,12 +35,18 @@ constexpr std::chrono::seconds stillPatience{5};
 /// Room that is left on the disk for the end of the file, its index above all.
 constexpr quint64 reservedBytes = quint64{1} << 20;
 
-quint64 freeBytes(const QString& path)
+/// Whether the disk of a file has room for so many bytes; false with the reason in `error`.
+bool hasRoomFor(quint64 bytes, const QString& path, QString& error)
 {
     struct statvfs info = {};
-    if (statvfs(QFile::encodeName(path).constData(), &info) != 0)
-        return 0;
-    return quint64{info.f_bavail} * info.f_frsize;
+    if (statvfs(QFile::encodeName(path).constData(), &info) != 0) {
+        error = QStringLiteral("the file is out of reach: %1").arg(qt_error_string(errno));
+        return false;
+    }
+    if (quint64{info.f_bavail} * info.f_frsize >= bytes)
+        return true;
+    error = QStringLiteral("the disk is full");
+    return false;
 }
 
 bool isFilmName(const QString& path)
@@ -47,8 +54,6 @@ bool isFilmName(const QString& path)
     const QString ending = QFileInfo(path).suffix().toLower();
     return ending == QLatin1String("avi") || ending == QLatin1String("mp4");
 }
-
-QString noRoom() { return QStringLiteral("the disk is full"); }
 
 } // namespace
 
@@ -86,16 +91,17 @@ std::unique_ptr<FilmRecorder::Claim> FilmRecorder::Claim::take(const QString& pa
         error = QStringLiteral("its folder cannot be made");
         return nullptr;
     }
-    const QString real = QDir(file.dir().canonicalPath()).filePath(file.fileName());
     const QMutexLocker lock(&s_mutex);
-    if (s_taken.contains(real)) {
+    std::unique_ptr<Claim> claim(new Claim(path));
+    if (!claim->open(error))
+        return nullptr;
+    // Asked of a file that is there, so that links to it count as the same.
+    claim->m_path = QFileInfo(path).canonicalFilePath();
+    if (s_taken.contains(claim->m_path)) {
         error = QStringLiteral("it is being recorded already");
         return nullptr;
     }
-    std::unique_ptr<Claim> claim(new Claim(real));
-    if (!claim->open(error))
-        return nullptr;
-    s_taken.insert(real);
+    s_taken.insert(claim->m_path);
     claim->m_isTaken = true;
     return claim;
 }
@@ -120,10 +126,10 @@ bool FilmRecorder::Claim::open(QString& error)
 
 FilmRecorder::Claim::~Claim()
 {
-    if (!m_isTaken)
-        return;
     if (m_isNew)
         QFile::remove(m_path);
+    if (!m_isTaken)
+        return;
     const QMutexLocker lock(&s_mutex);
     s_taken.remove(m_path);
 }
@@ -138,10 +144,8 @@ std::shared_ptr<FilmRecorder> FilmRecorder::start(const QString& path, double fr
     auto claim = Claim::take(path, error);
     if (!claim || filmWriters(error) == nullptr)
         return nullptr;
-    if (freeBytes(claim->path()) < reservedBytes) {
-        error = noRoom();
+    if (!hasRoomFor(reservedBytes, claim->path(), error))
         return nullptr;
-    }
     return std::shared_ptr<FilmRecorder>(new FilmRecorder(std::move(claim), framesPerSecond));
 }
 
@@ -204,10 +208,8 @@ bool FilmRecorder::writeTo(CxImageData& image, QString& error)
     const SxPicBuf& picture = *image.picBuf();
     constexpr quint64 bytesPerPixel = 3; // no encoder makes more of it
     const quint64 largest = quint64{picture.width} * picture.height * bytesPerPixel;
-    if (freeBytes(m_claim->path()) < reservedBytes + largest) {
-        error = noRoom();
+    if (!hasRoomFor(reservedBytes + largest, m_claim->path(), error))
         return false;
-    }
     if (!m_writer) {
         m_writer = filmWriters(error)->open(m_claim->path(), picture.width, picture.height,
                                             m_framesPerSecond, error);

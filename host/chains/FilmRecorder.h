@@ -17,7 +17,8 @@ namespace vistrel {
 class FilmWriter;
 
 /// Writes on a thread of its own. When a camera's pictures come faster than they can be encoded,
-/// whole ones are dropped, counted, and the count is logged at the end. GUI thread, if not said otherwise.
+/// whole ones are dropped, counted, and the count is logged at the end. GUI thread, if not said
+/// otherwise.
 class FilmRecorder {
 public:
     /// Makes ready to record: checks the ending (.avi or .mp4), makes missing folders, loads what

@@ -191,6 +191,34 @@ TEST_F(Recording, RefusesAFileThatIsBeingRecorded)
     EXPECT_EQ(error, QStringLiteral("it is being recorded already"));
 }
 
+TEST_F(Recording, RefusesALinkToAFileThatIsBeingRecorded)
+{
+    for (const char* const name : {"link.avi", "nextLink.avi"})
+        ASSERT_TRUE(QFile::link(path("a.avi"), path(name)));
+    auto image = newImage({.width = 16, .height = 16});
+    record("a.avi", *image, 1);
+    const auto first = start("a.avi");
+    EXPECT_EQ(FilmRecorder::start(path("link.avi"), 25.0, error), nullptr);
+    EXPECT_EQ(error, QStringLiteral("it is being recorded already"));
+    first->finish();
+    EXPECT_EQ(picturesIn(path("a.avi")).size(), 1U);
+    const auto linked = start("link.avi");
+    for (const char* const name : {"a.avi", "nextLink.avi"})
+        EXPECT_EQ(FilmRecorder::start(path(name), 25.0, error), nullptr) << name;
+}
+
+TEST_F(Recording, RefusesLinksToAFileThatIsNotThereYetAsOneFile)
+{
+    for (const char* const name : {"link.avi", "nextLink.avi"})
+        ASSERT_TRUE(QFile::link(path("a.avi"), path(name)));
+    const auto first = start("link.avi");
+    EXPECT_EQ(FilmRecorder::start(path("nextLink.avi"), 25.0, error), nullptr);
+    EXPECT_EQ(error, QStringLiteral("it is being recorded already"));
+    first->finish();
+    EXPECT_FALSE(QFile::exists(path("a.avi")));
+    EXPECT_TRUE(QFileInfo(path("link.avi")).isSymLink());
+}
+
 TEST_F(Recording, LeavesNoFileWhenNoPictureCame)
 {
     start("a.avi")->finish();
@@ -280,6 +308,18 @@ TEST_F(Recording, EndsWhenTheEncoderRefusesThePicture)
     recorder->finish();
     EXPECT_FALSE(QFile::exists(path("a.mp4")));
     EXPECT_TRUE(LogLines::joined().contains(QStringLiteral("has ended after 0 pictures")));
+}
+
+TEST_F(Recording, SaysThatTheFileIsGoneWhenItsFolderWasDeleted)
+{
+    const auto recorder = start("folder/a.avi");
+    auto image = newImage({.width = 16, .height = 16});
+    ASSERT_TRUE(QDir(path("folder")).removeRecursively());
+    take(*recorder, *image);
+    recorder->finish();
+    EXPECT_TRUE(LogLines::joined().contains(QStringLiteral(
+        "has ended after 0 pictures: the file is out of reach: No such file or directory")))
+        << qPrintable(LogLines::joined());
 }
 
 TEST_F(Recording, EndsAFilmThatCanBePlayedWhenTheDiskIsFull)
