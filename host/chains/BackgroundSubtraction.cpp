@@ -3,6 +3,8 @@
 // The processing element "Background Subtraction".
 #include "chains/BackgroundSubtraction.h"
 
+#include <CxImageData.h>
+
 namespace vistrel {
 
 namespace {
@@ -39,9 +41,9 @@ BackgroundSubtraction::BackgroundSubtraction()
 {
 }
 
-void BackgroundSubtraction::subtract(const cv::Mat& from, cv::Mat& to)
+void BackgroundSubtraction::subtract(const SxPicBufInfo& picture, const cv::Mat& from, cv::Mat& to)
 {
-    const bool isFirst = m_mean.begin(from);
+    const bool isFirst = m_mean.begin(from, picture);
     m_mean.store(m_background);
     subtractIn(static_cast<Difference>(settings().choice(differenceName)), from, m_background, to);
     if (!isFirst)
@@ -50,8 +52,9 @@ void BackgroundSubtraction::subtract(const cv::Mat& from, cv::Mat& to)
 
 QString BackgroundSubtraction::apply(CxImageData& image)
 {
+    const SxPicBufInfo picture = *image.picBuf();
     return filterPixels(image, m_result, RunningMean::kind(),
-                        [this](const cv::Mat& from, cv::Mat& to) { subtract(from, to); });
+                        [&](const cv::Mat& from, cv::Mat& to) { subtract(picture, from, to); });
 }
 
 } // namespace vistrel

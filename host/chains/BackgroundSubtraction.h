@@ -20,7 +20,7 @@ public:
 private:
     QString apply(CxImageData& image) override;
     void forget() override { m_mean.forget(); }
-    void subtract(const cv::Mat& from, cv::Mat& to);
+    void subtract(const SxPicBufInfo& picture, const cv::Mat& from, cv::Mat& to);
 
     RunningMean m_mean;
     cv::Mat m_background; ///< the mean as a frame

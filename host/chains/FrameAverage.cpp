@@ -3,6 +3,8 @@
 // The processing element "Frame Average".
 #include "chains/FrameAverage.h"
 
+#include <CxImageData.h>
+
 #include <algorithm>
 
 namespace vistrel {
@@ -18,9 +20,9 @@ FrameAverage::FrameAverage()
 {
 }
 
-void FrameAverage::average(const cv::Mat& from, cv::Mat& to)
+void FrameAverage::average(const SxPicBufInfo& picture, const cv::Mat& from, cv::Mat& to)
 {
-    if (m_mean.begin(from)) {
+    if (m_mean.begin(from, picture)) {
         m_frames = 1;
     } else {
         m_frames = std::min(m_frames + 1, settings().whole(framesName));
@@ -31,8 +33,9 @@ void FrameAverage::average(const cv::Mat& from, cv::Mat& to)
 
 QString FrameAverage::apply(CxImageData& image)
 {
+    const SxPicBufInfo picture = *image.picBuf();
     return filterPixels(image, m_result, RunningMean::kind(),
-                        [this](const cv::Mat& from, cv::Mat& to) { average(from, to); });
+                        [&](const cv::Mat& from, cv::Mat& to) { average(picture, from, to); });
 }
 
 } // namespace vistrel

@@ -21,7 +21,7 @@ public:
 private:
     QString apply(CxImageData& image) override;
     void forget() override { m_mean.forget(); }
-    void average(const cv::Mat& from, cv::Mat& to);
+    void average(const SxPicBufInfo& picture, const cv::Mat& from, cv::Mat& to);
 
     RunningMean m_mean;
     int m_frames = 0; ///< that are in the mean

@@ -14,8 +14,8 @@ public:
     static FilterKind kind();
 
     /// Makes the frame the mean when there is none yet or it has another size or type; whether it
-    /// did.
-    bool begin(const cv::Mat& frame);
+    /// did. Channels are told apart by the picture only: the filter sees them side by side.
+    bool begin(const cv::Mat& frame, const SxPicBufInfo& picture);
     /// mean += share * (frame - mean)
     void add(const cv::Mat& frame, double share);
     void forget() { m_mean.release(); }
@@ -25,6 +25,7 @@ public:
 
 private:
     cv::Mat m_mean;
+    SxPicBufInfo m_picture; ///< what the frames are
     int m_frameDepth = 0;
 };
 

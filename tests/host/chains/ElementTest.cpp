@@ -297,6 +297,21 @@ TEST(AnElementThatLooksBack, BeginsAnewWithAnotherSizeTypeOrSetting)
     EXPECT_EQ(valuesIn<quint16>(*again->picBuf()), std::vector<quint16>({1, 2}));
 }
 
+TEST(AnElementThatLooksBack, TellsColourFromThriceTheWidth)
+{
+    const auto average = newElement("Frame Average");
+    const auto subtraction = newElement("Background Subtraction");
+    const Layout colour{.width = 1, .channels = 3, .isRgb = true};
+    for (const auto& element : {average.get(), subtraction.get()})
+        element->process(*imageOf<quint8>(colour, {200, 200, 200}));
+    auto averaged = grey(3, 1, {10, 20, 30});
+    average->process(*averaged);
+    EXPECT_EQ(valuesIn<quint8>(*averaged->picBuf()), Bytes({10, 20, 30}));
+    auto subtracted = grey(3, 1, {10, 20, 30});
+    subtraction->process(*subtracted);
+    EXPECT_EQ(valuesIn<quint8>(*subtracted->picBuf()), Bytes({0, 0, 0}));
+}
+
 TEST(EveryElement, KeepsDepthAndNumbersOfTheFrame)
 {
     for (const char* const name : {"Gaussian Blur", "Flip", "Rotate", "Threshold", "Gamma",
