@@ -12,18 +12,20 @@
 #include <functional>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <thread>
 
 class CxImageData;
 
 namespace vistrel {
 
-/// Takes frames over. It must not throw.
+/// Takes frames over.
 using FrameFunction = std::function<void(std::unique_ptr<CxImageData>)>;
 
 /// Whoever has a frame hands it in and goes on at once: when the work is slower than the frames
-/// come, whole frames are dropped and counted. The thread is there from the first frame after a
-/// start to the next stop.
+/// come, whole frames are dropped and counted. So are those for which there is no memory or no
+/// thread, and those that the work throws at; the first of them is logged. The thread is there from
+/// the first frame after a start to the next stop.
 ///
 /// start(), stop() and drain() belong to one thread; the rest may be called on any.
 class FrameWorker {
@@ -47,7 +49,7 @@ public:
     /// Returns when all frames are done that were handed in before.
     void drain();
 
-    void put(std::unique_ptr<CxImageData> frame);
+    void put(std::unique_ptr<CxImageData> frame) noexcept;
     /// Whether a frame handed in now would find room.
     bool hasRoom() const;
     /// Returns when a frame handed in now would find room, when it would be dropped in any case, or
@@ -57,6 +59,10 @@ public:
     quint64 dropped() const;
 
 private:
+    bool queue(std::unique_ptr<CxImageData>& frame);
+    void tryToWork(std::unique_ptr<CxImageData> frame) noexcept;
+    void countTrouble(const char* reason) noexcept;
+    quint64 oldestOpen() const;
     void run();
 
     const std::size_t m_capacity;
@@ -68,8 +74,10 @@ private:
     std::deque<std::unique_ptr<CxImageData>> m_waiting;
     std::thread m_thread;
     bool m_started = false;
-    bool m_busy = false;
+    quint64 m_queued = 0;              ///< frames that have ever been in the queue: their numbers
+    std::optional<quint64> m_underWay; ///< number of the frame that is being worked on
     quint64 m_dropped = 0;
+    bool m_troubleLogged = false;
 };
 
 } // namespace vistrel

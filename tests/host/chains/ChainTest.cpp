@@ -9,6 +9,9 @@
 #include <atomic>
 #include <condition_variable>
 #include <functional>
+#include <new>
+
+#include <pthread.h>
 
 using namespace vistrel;
 using namespace vistrel::test;
@@ -71,6 +74,30 @@ private:
     std::condition_variable m_changed;
     bool m_isOpen = false;
     bool m_reached = false;
+};
+
+/// While it lives no thread can be started: each would ask for more stack than there is memory.
+class ThreadsThatCannotStart {
+public:
+    ThreadsThatCannotStart()
+    {
+        pthread_attr_t huge;
+        pthread_getattr_default_np(&m_usual);
+        pthread_getattr_default_np(&huge);
+        EXPECT_EQ(pthread_attr_setstacksize(&huge, std::size_t{1} << 46), 0);
+        EXPECT_EQ(pthread_setattr_default_np(&huge), 0);
+        pthread_attr_destroy(&huge);
+    }
+    ~ThreadsThatCannotStart()
+    {
+        pthread_setattr_default_np(&m_usual);
+        pthread_attr_destroy(&m_usual);
+    }
+    ThreadsThatCannotStart(const ThreadsThatCannotStart&) = delete;
+    ThreadsThatCannotStart& operator=(const ThreadsThatCannotStart&) = delete;
+
+private:
+    pthread_attr_t m_usual;
 };
 
 class ChainTest : public testing::Test {
@@ -171,6 +198,57 @@ TEST_F(ChainTest, LetsNothingThroughWhileItIsStopped)
     chain.start();
     put(2);
     EXPECT_EQ(results(), std::vector<int>({2}));
+}
+
+TEST_F(ChainTest, IsDrainedWhenTheFramesBeforeAreDoneThoughOthersKeepComing)
+{
+    constexpr int enough = 3000; // some seconds
+    std::atomic<int> done = 0;
+    std::atomic<bool> drained = false;
+    append(std::make_unique<Probe>([&](CxImageData&) {
+        QThread::msleep(1);
+        if (++done < enough && !drained)
+            put(2);
+    }));
+    put(1);
+    chain.drain();
+    EXPECT_GE(done, 1);
+    EXPECT_LT(done, enough);
+    drained = true;
+}
+
+TEST_F(ChainTest, DropsAFrameForWhichThereIsNoThreadAndLogsTheFirst)
+{
+    const LogLines log;
+    {
+        const ThreadsThatCannotStart none;
+        put(1);
+        put(2);
+    }
+    EXPECT_EQ(results(), std::vector<int>());
+    EXPECT_EQ(chain.droppedFrames(), 2U);
+    EXPECT_EQ(LogLines::lines().size(), 1);
+    EXPECT_TRUE(LogLines::joined().contains(QStringLiteral("Pictures are dropped: ")));
+    put(3);
+    EXPECT_EQ(results(), std::vector<int>({3}));
+}
+
+TEST_F(ChainTest, DropsAFrameWhoseReceiverThrowsAndGoesOn)
+{
+    const LogLines log;
+    std::atomic<int> received = 0;
+    chain.end().setOutput([&](std::unique_ptr<CxImageData>) {
+        if (++received < 3)
+            throw std::bad_alloc();
+    });
+    for (int i = 0; i < 3; ++i) {
+        put(1);
+        chain.drain();
+    }
+    EXPECT_EQ(received, 3);
+    EXPECT_EQ(chain.droppedFrames(), 2U);
+    EXPECT_EQ(LogLines::lines().size(), 1) << qPrintable(LogLines::joined());
+    chain.end().setOutput(nullptr);
 }
 
 TEST_F(ChainTest, TakesFramesThatComeWhenItIsGone)
