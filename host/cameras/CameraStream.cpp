@@ -9,6 +9,7 @@
 #include <CxImageData.h>
 #include <CxPicBufAPI.h>
 
+#include <new>
 #include <utility>
 
 namespace vistrel {
@@ -201,7 +202,7 @@ void CameraStream::deliverFrames()
 void CameraStream::deliver(ArvBuffer* buffer)
 {
     countMissing(arv_buffer_get_frame_id(buffer));
-    if (auto frame = image(buffer)) {
+    if (auto frame = tryToMakeImage(buffer)) {
         ++m_taken;
         m_sink(std::move(frame));
     } else {
@@ -217,10 +218,25 @@ void CameraStream::countMissing(quint64 frameId)
         m_dropped += frameId - last - 1;
 }
 
+// Nothing may be thrown on the stream's thread: it would end the process.
+std::unique_ptr<CxImageData> CameraStream::tryToMakeImage(ArvBuffer* buffer) noexcept
+{
+    try {
+        return image(buffer);
+    } catch (const std::bad_alloc&) {
+        try {
+            logRefusal(ConvertResult::NoMemory, arv_buffer_get_image_pixel_format(buffer));
+        } catch (const std::bad_alloc&) { // the count alone tells of it
+        }
+    }
+    return nullptr;
+}
+
 std::unique_ptr<CxImageData> CameraStream::image(ArvBuffer* buffer)
 {
     if (arv_buffer_get_status(buffer) != ARV_BUFFER_STATUS_SUCCESS)
         return nullptr;
+    auto data = std::make_unique<CxImageData>(); // before there are pixels that nobody would free
     const RawFrame frame = rawFrame(buffer);
     SxPicBuf picture;
     if (const auto result = convertFrame(frame, picture); result != ConvertResult::Done) {
@@ -234,7 +250,6 @@ std::unique_ptr<CxImageData> CameraStream::image(ArvBuffer* buffer)
     SxAcquisitionInfo info = acquisitionInfo(frame, picture);
     info.exposureTimeUs = static_cast<qint32>(m_exposureUs.load());
     info.gainDb = static_cast<float>(m_gain.load());
-    auto data = std::make_unique<CxImageData>();
     data->setPicBuf(picture);
     data->setAcquisitionInfo(&info);
     return data;

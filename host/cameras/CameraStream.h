@@ -60,6 +60,7 @@ private:
     static void onStreamEvent(void* self, ArvStreamCallbackType type, ArvBuffer* buffer);
     void deliverFrames();
     void deliver(ArvBuffer* buffer);
+    std::unique_ptr<CxImageData> tryToMakeImage(ArvBuffer* buffer) noexcept;
     void countMissing(quint64 frameId);
     std::unique_ptr<CxImageData> image(ArvBuffer* buffer);
     void logRefusal(ConvertResult result, ArvPixelFormat format);
