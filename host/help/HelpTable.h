@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Vistrel Python scripting authors
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The tables that generate_help.py makes from vistrel.pyi; everybody else asks HelpTexts.h.
+// The tables that generate_help.py makes from vistrel.pyi; who wants one text asks HelpTexts.h.
 #pragma once
 
 #include <span>
@@ -19,5 +19,7 @@ struct HelpEntry {
 std::span<const HelpEntry> functionHelpTable();
 /// All texts of methods, in the stub's order.
 std::span<const HelpEntry> methodHelpTable();
+/// All texts of attributes, in the stub's order; the first line is "name: type".
+std::span<const HelpEntry> attributeHelpTable();
 
 } // namespace vistrel

@@ -7,7 +7,7 @@ usage: generate_help.py STUB TABLE.cpp
 
 A help text starts with a line that inspect.signature() understands. That line
 has no room for types, so they are put into the text's "Args:" and "Returns:".
-Attributes are checked but stay in the stub: types keep no text for them.
+Attributes have a table of their own: types keep no text for them, editors do.
 """
 
 import ast
@@ -34,7 +34,7 @@ class StubError(Exception):
 
 
 class Entry(NamedTuple):
-    """The help text of one function or method."""
+    """The help text of one function, method or attribute."""
 
     owner: str
     name: str
@@ -46,6 +46,7 @@ class Help(NamedTuple):
 
     functions: List[Entry]
     methods: List[Entry]
+    attributes: List[Entry]
 
 
 class Doc(NamedTuple):
@@ -59,13 +60,13 @@ def read_stub(source: str) -> Help:
     """Read all entries of a stub; StubError says which rule one breaks."""
     check_columns(source.split("\n"), 1)
     tree = parse(source)
-    stub = Help([], [])
+    stub = Help([], [], [])
     for node in tree.body:
         if isinstance(node, ast.FunctionDef):
             entry = read_function(source, node, MODULE, "$module")
             add_entry(stub.functions, entry, node.lineno)
         elif isinstance(node, ast.ClassDef):
-            read_class(source, node, stub.methods)
+            read_class(source, node, stub)
     return stub
 
 
@@ -76,19 +77,30 @@ def parse(source: str) -> ast.Module:
         raise StubError(error.lineno or 1, error.msg) from error
 
 
-def read_class(source: str, node: ast.ClassDef, methods: List[Entry]) -> None:
+def read_class(source: str, node: ast.ClassDef, stub: Help) -> None:
     if node.name not in HELP_TYPES:
         raise StubError(node.lineno, f"{node.name}: the class has no host name in HELP_TYPES")
     doc_of(node.body, 0, node.name, node.lineno)
     for index, member in enumerate(node.body):
         if isinstance(member, ast.FunctionDef):
             entry = read_function(source, member, HELP_TYPES[node.name], "$self")
-            add_entry(methods, entry, member.lineno)
+            add_entry(stub.methods, entry, member.lineno)
         elif isinstance(member, ast.AnnAssign):
-            name = ast.get_source_segment(source, member.target) or ""
-            doc_of(node.body, index + 1, name, member.lineno)
+            entry = read_attribute(source, node, index)
+            add_entry(stub.attributes, entry, member.lineno)
         elif isinstance(member, ast.Assign):
             raise StubError(member.lineno, "an attribute has no annotation")
+
+
+def read_attribute(source: str, node: ast.ClassDef, index: int) -> Entry:
+    """The text of the attribute that a member of a class annotates."""
+    member = node.body[index]
+    assert isinstance(member, ast.AnnAssign)
+    name = ast.get_source_segment(source, member.target) or ""
+    doc = doc_of(node.body, index + 1, name, member.lineno)
+    annotation = ast.get_source_segment(source, member.annotation) or ""
+    kind = re.sub(r"^Final\[(.*)\]$", r"\1", annotation)
+    return Entry(HELP_TYPES[node.name], name, f"{name}: {kind}\n--\n\n{doc.text}")
 
 
 def add_entry(entries: List[Entry], entry: Entry, line: int) -> None:
@@ -234,11 +246,16 @@ const HelpEntry functions[] = {{
 const HelpEntry methods[] = {{
 {cpp_entries(stub.methods)}}};
 
+const HelpEntry attributes[] = {{
+{cpp_entries(stub.attributes)}}};
+
 }} // namespace
 
 std::span<const HelpEntry> functionHelpTable() {{ return functions; }}
 
 std::span<const HelpEntry> methodHelpTable() {{ return methods; }}
+
+std::span<const HelpEntry> attributeHelpTable() {{ return attributes; }}
 
 }} // namespace vistrel
 """

@@ -13,7 +13,8 @@ ROOT = Path(__file__).resolve().parents[2]
 SOURCE_ENDINGS = {".h", ".cpp", ".py", ".pyi", ".sh", ".cmake"}
 
 # Floors from the ground; a folder may include its own and lower ones.
-HOST_FLOORS = ["host/core", "host/cameras", "host/chains", "host/app", "host/run"]
+HOST_FLOORS = ["host/core", "host/cameras", "host/chains", "host/app", "host/run",
+               "host/viewer"]
 PLUGIN_FLOORS = [["FuncImage", "FuncCamera", "FuncGraph"], ["FuncApp"]]
 
 LONGEST_FILE = 700
