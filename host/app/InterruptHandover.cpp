@@ -31,9 +31,9 @@ InterruptHandover::Run::~Run()
     if (!isFunction(current))
         return;
     m_handover.m_handler = current;
-    struct sigaction byDefault = {};
-    byDefault.sa_handler = SIG_DFL;
-    sigaction(SIGINT, &byDefault, nullptr);
+    struct sigaction idle = {};
+    idle.sa_handler = m_handover.m_betweenRuns;
+    sigaction(SIGINT, &idle, nullptr);
 }
 
 } // namespace vistrel

@@ -26,8 +26,13 @@ public:
         InterruptHandover& m_handover;
     };
 
+    /// What SIGINT does between runs, after the first one: SIG_DFL, or SIG_IGN where an interrupt
+    /// may be meant for a script that has just ended.
+    void setBetweenRuns(void (*action)(int)) { m_betweenRuns = action; }
+
 private:
     std::optional<struct sigaction> m_handler;
+    void (*m_betweenRuns)(int) = SIG_DFL;
 };
 
 } // namespace vistrel

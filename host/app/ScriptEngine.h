@@ -42,6 +42,9 @@ public:
         m_plugin->addImageVariable(name, &image);
     }
 
+    /// Who gets SIGINT while no script runs.
+    InterruptHandover& interrupts() { return m_interrupts; }
+
 private:
     CxScriptLangInterface* m_plugin = nullptr;
     InterruptHandover m_interrupts;

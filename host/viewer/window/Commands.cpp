@@ -1,0 +1,167 @@
+// SPDX-FileCopyrightText: 2026 The Vistrel Python scripting authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+// One line for each command: menu, text, keys, what it does.
+#include "viewer/window/Commands.h"
+
+#include "app/MainWindow.h"
+#include "viewer/scripts/EditorTabs.h"
+#include "viewer/scripts/FindBar.h"
+#include "viewer/scripts/ScriptEditor.h"
+#include "viewer/window/ErrorLogPanel.h"
+#include "viewer/window/ExampleScripts.h"
+#include "viewer/window/Theme.h"
+#include "viewer/window/Viewer.h"
+
+#include <QtCore/QFileInfo>
+#include <QtWidgets/QDockWidget>
+#include <QtWidgets/QMenu>
+#include <QtWidgets/QMenuBar>
+#include <QtWidgets/QMessageBox>
+#include <QtWidgets/QToolBar>
+
+namespace vistrel {
+
+Commands::Commands(Viewer& viewer)
+    : m_viewer(viewer)
+{
+    addFileMenu();
+    addViewMenu();
+    addScriptCommands();
+    addHelpMenu();
+    followRuns();
+}
+
+QMenu& Commands::addMenu(const QString& title)
+{
+    MainWindow& window = m_viewer.window();
+    auto* menu = new QMenu(title, &window);
+    window.menuBar()->insertMenu(window.menu(MainWindow::ScriptsMenu)->menuAction(), menu);
+    return *menu;
+}
+
+QAction* Commands::add(QMenu& menu, const QString& text, const QKeySequence& keys, Work work)
+{
+    QAction* action = menu.addAction(text);
+    action->setShortcut(keys);
+    connect(action, &QAction::triggered, this, std::move(work));
+    return action;
+}
+
+void Commands::addFileMenu()
+{
+    QMenu& menu = addMenu(tr("&File"));
+    EditorTabs& tabs = m_viewer.scripts().tabs();
+    add(menu, tr("&New script"), QKeySequence::New, [&tabs] { tabs.newScript(); });
+    add(menu, tr("&Open..."), QKeySequence::Open, [this] { m_viewer.openWithDialog(); });
+    m_viewer.recentFiles().fill(*menu.addMenu(tr("Open &recent")));
+    menu.addSeparator();
+    add(menu, tr("&Save script"), QKeySequence::Save, [&tabs] { tabs.save(); });
+    add(menu, tr("Save script &as..."), QKeySequence::SaveAs, [&tabs] { tabs.saveAs(); });
+    add(menu, tr("&Close script"), QKeySequence(Qt::CTRL | Qt::Key_W),
+        [&tabs] { tabs.close(tabs.currentIndex()); });
+    menu.addSeparator();
+    add(menu, tr("Save &picture as..."), QKeySequence(Qt::CTRL | Qt::ALT | Qt::Key_S),
+        [this] { m_viewer.savePictureAs(); });
+    menu.addSeparator();
+    add(menu, tr("&Quit"), QKeySequence::Quit, [this] { m_viewer.window().close(); });
+}
+
+void Commands::addViewMenu()
+{
+    QMenu& menu = addMenu(tr("&View"));
+    AppDelegate& delegate = m_viewer.host().delegate();
+    add(menu, tr("&Duplicate"), QKeySequence(Qt::CTRL | Qt::Key_D),
+        [&delegate] { delegate.duplicateView(-1); });
+    add(menu, tr("&Tile"), QKeySequence(Qt::CTRL | Qt::Key_T),
+        [&delegate] { delegate.tileViews(); });
+    QAction* full = menu.addAction(tr("&Full screen"));
+    full->setCheckable(true);
+    full->setShortcut(QKeySequence(Qt::Key_F11));
+    connect(full, &QAction::toggled, &delegate,
+            [&delegate](bool on) { delegate.setFullScreen(on); });
+    QAction* dark = menu.addAction(tr("Da&rk colours"));
+    dark->setCheckable(true);
+    dark->setChecked(isDarkThemeChosen());
+    connect(dark, &QAction::toggled, this, &setDarkTheme);
+    menu.addSeparator();
+    addPanelSwitches(menu);
+}
+
+void Commands::addPanelSwitches(QMenu& menu)
+{
+    int number = 1;
+    for (QDockWidget* dock : m_viewer.window().findChildren<QDockWidget*>()) {
+        QAction* action = dock->toggleViewAction();
+        action->setShortcut(QKeySequence(Qt::ALT | static_cast<Qt::Key>(Qt::Key_0 + number++)));
+        menu.addAction(action);
+    }
+}
+
+void Commands::addScriptCommands()
+{
+    QMenu& menu = *m_viewer.window().menu(MainWindow::ScriptsMenu);
+    ScriptPanel& scripts = m_viewer.scripts();
+    m_run = add(menu, tr("&Run"), QKeySequence(Qt::Key_F5), [&scripts] { scripts.runCurrent(); });
+    m_runSelection = add(menu, tr("Run se&lection"), QKeySequence(Qt::Key_F9),
+                         [&scripts] { scripts.runSelection(); });
+    m_stop = add(menu, tr("&Stop"), QKeySequence(Qt::SHIFT | Qt::Key_F5),
+                 [&scripts] { scripts.watch().stop(); });
+    menu.addSeparator();
+    add(menu, tr("&Find..."), QKeySequence::Find, [&scripts] { scripts.findBar().open(); });
+    add(menu, tr("Find &next"), QKeySequence::FindNext,
+        [&scripts] { scripts.findBar().findNext(); });
+    add(menu, tr("Find &previous"), QKeySequence::FindPrevious,
+        [&scripts] { scripts.findBar().findPrevious(); });
+    add(menu, tr("&Comment or uncomment"), QKeySequence(Qt::CTRL | Qt::Key_Slash),
+        [&scripts] { scripts.tabs().current()->toggleComment(); });
+    addExamples(*menu.addMenu(tr("&Examples")));
+    menu.addSeparator(); // entries that scripts make follow
+    QToolBar* bar = m_viewer.window().addToolBar(tr("Scripts"));
+    bar->setObjectName(QStringLiteral("scriptTools"));
+    bar->addActions({m_run, m_runSelection, m_stop});
+}
+
+void Commands::addExamples(QMenu& menu)
+{
+    for (const QString& path : exampleScripts()) {
+        QAction* action = menu.addAction(QFileInfo(path).completeBaseName().replace(u'_', u' '));
+        connect(action, &QAction::triggered, this, [this, path] { m_viewer.openFile(path); });
+    }
+    if (menu.isEmpty())
+        menu.setEnabled(false);
+}
+
+void Commands::addHelpMenu()
+{
+    auto* menu = m_viewer.window().menuBar()->addMenu(tr("&Help"));
+    add(*menu, tr("&Keyboard shortcuts"), QKeySequence(Qt::CTRL | Qt::Key_F1),
+        [this] { showShortcuts(); });
+    add(*menu, tr("&About"), QKeySequence(), [this] { m_viewer.showAbout(); });
+}
+
+void Commands::showShortcuts()
+{
+    QString rows;
+    for (const QAction* action : m_viewer.window().findChildren<QAction*>())
+        if (!action->shortcut().isEmpty())
+            rows += QStringLiteral("<tr><td>%1</td><td>&nbsp;&nbsp;%2</td></tr>")
+                        .arg(action->text().remove(u'&').toHtmlEscaped(),
+                             action->shortcut().toString(QKeySequence::NativeText).toHtmlEscaped());
+    QMessageBox::information(&m_viewer.window(), tr("Keyboard shortcuts"),
+                             QStringLiteral("<table>%1</table>").arg(rows));
+}
+
+void Commands::followRuns()
+{
+    const RunWatch& watch = m_viewer.scripts().watch();
+    const auto show = [this, &watch] {
+        const bool idle = watch.state() == RunWatch::State::Idle;
+        m_run->setEnabled(idle);
+        m_runSelection->setEnabled(idle);
+        m_stop->setEnabled(!idle);
+    };
+    connect(&watch, &RunWatch::changed, this, show);
+    show();
+}
+
+} // namespace vistrel

@@ -1,0 +1,46 @@
+// SPDX-FileCopyrightText: 2026 The Vistrel Python scripting authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The menus and their keys.
+#pragma once
+
+#include <QtCore/QObject>
+#include <QtGui/QKeySequence>
+
+#include <functional>
+
+class QAction;
+class QMenu;
+
+namespace vistrel {
+
+class Viewer;
+
+/// Makes the viewer's actions. Everything can be done with the keyboard.
+class Commands : public QObject {
+    Q_OBJECT
+
+public:
+    /// The viewer must outlive the commands; the actions belong to its window.
+    explicit Commands(Viewer& viewer);
+
+private:
+    using Work = std::function<void()>;
+
+    QMenu& addMenu(const QString& title);
+    QAction* add(QMenu& menu, const QString& text, const QKeySequence& keys, Work work);
+    void addFileMenu();
+    void addViewMenu();
+    void addScriptCommands();
+    void addExamples(QMenu& menu);
+    void addHelpMenu();
+    void addPanelSwitches(QMenu& menu);
+    void followRuns();
+    void showShortcuts();
+
+    Viewer& m_viewer;
+    QAction* m_run = nullptr;
+    QAction* m_runSelection = nullptr;
+    QAction* m_stop = nullptr;
+};
+
+} // namespace vistrel

@@ -1,0 +1,205 @@
+// SPDX-FileCopyrightText: 2026 The Vistrel Python scripting authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Puts the parts into the window, opens files, and closes only when nothing is lost.
+#include "viewer/window/Viewer.h"
+
+#include "app/ImageView.h"
+#include "app/MainWindow.h"
+#include "core/Log.h"
+#include "viewer/scripts/EditorTabs.h"
+#include "viewer/window/AboutText.h"
+#include "viewer/window/Commands.h"
+#include "viewer/window/ErrorLogPanel.h"
+
+#include <CxImageFormatManager.h>
+#include <IxImageSaver.h>
+
+#include <QtCore/QFileInfo>
+#include <QtCore/QMimeData>
+#include <QtCore/QSettings>
+#include <QtCore/QUrl>
+#include <QtGui/QCloseEvent>
+#include <QtGui/QDropEvent>
+#include <QtWidgets/QDockWidget>
+#include <QtWidgets/QFileDialog>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QMessageBox>
+#include <QtWidgets/QStatusBar>
+
+#include <csignal>
+
+namespace vistrel {
+
+namespace {
+
+bool isScript(const QString& path)
+{
+    return path.endsWith(QLatin1String(".py"), Qt::CaseInsensitive);
+}
+
+MainWindow& windowOf(HostApplication& host)
+{
+    return *qobject_cast<MainWindow*>(host.delegate().mainWindow());
+}
+
+} // namespace
+
+Viewer::Viewer()
+    : m_window(windowOf(m_host))
+    , m_runs(m_engine, m_host.environment())
+    , m_scripts(*new ScriptPanel(m_runs, m_host.environment()))
+    , m_errorLog(new ErrorLogPanel(m_host.errorLog()))
+    , m_scriptDock(addDock(tr("Scripts"), &m_scripts, Qt::RightDockWidgetArea))
+    , m_errorLogDock(addDock(tr("Error log"), m_errorLog, Qt::BottomDockWidgetArea))
+    , m_runStatus(new QLabel)
+{
+    // A Stop from the companion may come when the script has just ended.
+    m_engine.interrupts().setBetweenRuns(SIG_IGN);
+    setUpStatusBar();
+    setUpDropping();
+    m_commands = std::make_unique<Commands>(*this);
+    connect(&m_recentFiles, &RecentFiles::chosen, this, &Viewer::openFile);
+    connect(&m_scripts.tabs(), &EditorTabs::fileUsed, &m_recentFiles, &RecentFiles::add);
+    m_window.setWindowTitle(tr("Vistrel"));
+    m_window.installEventFilter(this);
+}
+
+Viewer::~Viewer()
+{
+    m_window.removeEventFilter(this);
+    // The panel holds on to the runs, which go before the window does.
+    delete m_scriptDock;
+    delete m_errorLogDock;
+}
+
+QDockWidget* Viewer::addDock(const QString& title, QWidget* content, Qt::DockWidgetArea area)
+{
+    auto* dock = new QDockWidget(title, &m_window);
+    dock->setObjectName(title);
+    dock->setWidget(content);
+    m_window.addDockWidget(area, dock);
+    return dock;
+}
+
+void Viewer::setUpStatusBar()
+{
+    m_window.statusBar()->addWidget(m_runStatus, 1);
+    const RunWatch& watch = m_scripts.watch();
+    connect(&watch, &RunWatch::changed, m_runStatus,
+            [this, &watch] { m_runStatus->setText(watch.statusText()); });
+}
+
+void Viewer::setUpDropping() { m_window.setAcceptDrops(true); }
+
+bool Viewer::loadPlugin(const QString& file, QString& error) { return m_engine.load(file, error); }
+
+void Viewer::show()
+{
+    restoreSettings();
+    m_window.show();
+}
+
+bool Viewer::openFile(const QString& path)
+{
+    const QString absolute = QFileInfo(path).absoluteFilePath();
+    if (isScript(absolute))
+        return m_scripts.tabs().open(absolute);
+    if (!m_host.delegate().openFile(absolute, true))
+        return false;
+    m_recentFiles.add(absolute);
+    return true;
+}
+
+void Viewer::openWithDialog()
+{
+    const QString filter = tr("Scripts and pictures (*.py *.png *.tif *.tiff *.jpg *.jpeg *.bmp "
+                              "*.pnm *.pgm *.ppm);;All files (*)");
+    for (const QString& path :
+         QFileDialog::getOpenFileNames(&m_window, tr("Open"), QString(), filter))
+        openFile(path);
+}
+
+void Viewer::savePictureAs()
+{
+    CxImageData* const image = m_host.delegate().viewImage(m_host.delegate().activeViewId());
+    if (!image) {
+        m_host.delegate().showNotification(tr("There is no picture to save."));
+        return;
+    }
+    QFileDialog dialog(&m_window, tr("Save picture"), QString(),
+                       tr("Pictures (*.png *.tif *.jpg *.bmp *.pnm)"));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix(QStringLiteral("png"));
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    const QString path = dialog.selectedFiles().constFirst();
+    const std::unique_ptr<IxImageSaver> saver(CxImageFormatManager::instance()->saverForFile(path));
+    if (!saver || !saver->save(image, 0))
+        QMessageBox::warning(&m_window, tr("Save picture"), tr("%1 was not written.").arg(path));
+}
+
+void Viewer::showAbout()
+{
+    QMessageBox::about(&m_window, tr("About Vistrel"), aboutText(m_engine.languageVersion()));
+}
+
+bool Viewer::eventFilter(QObject* object, QEvent* event)
+{
+    switch (event->type()) {
+    case QEvent::Close:
+        if (!mayClose()) {
+            event->ignore();
+            return true;
+        }
+        saveSettings();
+        break;
+    case QEvent::DragEnter:
+        if (static_cast<QDropEvent*>(event)->mimeData()->hasUrls())
+            static_cast<QDropEvent*>(event)->acceptProposedAction();
+        return true;
+    case QEvent::Drop:
+        openDropped(*static_cast<QDropEvent*>(event)->mimeData());
+        return true;
+    default:
+        break;
+    }
+    return QObject::eventFilter(object, event);
+}
+
+void Viewer::openDropped(const QMimeData& data)
+{
+    for (const QUrl& url : data.urls())
+        if (url.isLocalFile())
+            openFile(url.toLocalFile());
+}
+
+bool Viewer::mayClose()
+{
+    if (m_runs.isRunning()) {
+        m_scripts.watch().stop();
+        m_host.delegate().showNotification(
+            tr("A script is still running; it has been asked to stop. Close again when it has."));
+        return false;
+    }
+    return m_scripts.tabs().mayCloseAll();
+}
+
+void Viewer::saveSettings() const
+{
+    QSettings settings;
+    settings.setValue(QStringLiteral("geometry"), m_window.saveGeometry());
+    settings.setValue(QStringLiteral("layout"), m_window.saveState());
+    settings.setValue(QStringLiteral("openScripts"), m_scripts.tabs().openFiles());
+}
+
+void Viewer::restoreSettings()
+{
+    const QSettings settings;
+    m_window.restoreGeometry(settings.value(QStringLiteral("geometry")).toByteArray());
+    m_window.restoreState(settings.value(QStringLiteral("layout")).toByteArray());
+    for (const QString& path : settings.value(QStringLiteral("openScripts")).toStringList())
+        if (QFileInfo::exists(path))
+            m_scripts.tabs().open(path);
+}
+
+} // namespace vistrel

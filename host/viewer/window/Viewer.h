@@ -1,0 +1,80 @@
+// SPDX-FileCopyrightText: 2026 The Vistrel Python scripting authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The desktop application: window, menus and panels around the host's services.
+#pragma once
+
+#include "app/HostApplication.h"
+#include "app/ScriptEngine.h"
+#include "app/ScriptRuns.h"
+#include "viewer/scripts/ScriptPanel.h"
+#include "viewer/window/RecentFiles.h"
+
+#include <QtCore/QObject>
+
+#include <memory>
+
+class QDockWidget;
+class QLabel;
+class QMimeData;
+
+namespace vistrel {
+
+class Commands;
+class ErrorLogPanel;
+class MainWindow;
+
+/// Everything that the program is. GUI thread.
+class Viewer : public QObject {
+    Q_OBJECT
+
+public:
+    Viewer();
+    ~Viewer() override;
+
+    /// Loads the script plugin; an empty name means the one beside the program. False with the
+    /// reason in `error`. Called once, before anything else.
+    bool loadPlugin(const QString& file, QString& error);
+    /// Shows the window as it was left the last time.
+    void show();
+
+    /// Opens a script or a picture, by its ending. False, with a line in the log, when it cannot.
+    bool openFile(const QString& path);
+    /// Asks for files and opens them.
+    void openWithDialog();
+    /// Asks for a name and saves the active view's picture.
+    void savePictureAs();
+    void showAbout();
+
+    MainWindow& window() { return m_window; }
+    HostApplication& host() { return m_host; }
+    ScriptPanel& scripts() { return m_scripts; }
+    ErrorLogPanel& errorLog() { return *m_errorLog; }
+    RecentFiles& recentFiles() { return m_recentFiles; }
+    QDockWidget& scriptDock() { return *m_scriptDock; }
+    QDockWidget& errorLogDock() { return *m_errorLogDock; }
+
+    bool eventFilter(QObject* object, QEvent* event) override;
+
+private:
+    QDockWidget* addDock(const QString& title, QWidget* content, Qt::DockWidgetArea area);
+    void setUpStatusBar();
+    void setUpDropping();
+    bool mayClose();
+    void saveSettings() const;
+    void restoreSettings();
+    void openDropped(const QMimeData& data);
+
+    HostApplication m_host;
+    MainWindow& m_window;
+    ScriptEngine m_engine;
+    ScriptRuns m_runs;
+    ScriptPanel& m_scripts; // belongs to its dock
+    ErrorLogPanel* m_errorLog;
+    RecentFiles m_recentFiles;
+    QDockWidget* m_scriptDock;
+    QDockWidget* m_errorLogDock;
+    QLabel* m_runStatus;
+    std::unique_ptr<Commands> m_commands;
+};
+
+} // namespace vistrel
