@@ -28,8 +28,11 @@ set(CMAKE_INSTALL_RPATH "$ORIGIN/../lib")
 
 find_program(CCACHE_PROGRAM ccache)
 if(CCACHE_PROGRAM AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
-    set(CMAKE_C_COMPILER_LAUNCHER "${CCACHE_PROGRAM}")
-    set(CMAKE_CXX_COMPILER_LAUNCHER "${CCACHE_PROGRAM}")
+    # Precompiled headers are cached only when told that they may.
+    set(launcher "${CMAKE_COMMAND}" -E env CCACHE_SLOPPINESS=pch_defines,time_macros
+                 "${CCACHE_PROGRAM}")
+    set(CMAKE_C_COMPILER_LAUNCHER "${launcher}")
+    set(CMAKE_CXX_COMPILER_LAUNCHER "${launcher}")
 endif()
 find_program(MOLD_PROGRAM mold)
 if(MOLD_PROGRAM)
