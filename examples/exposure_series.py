@@ -12,7 +12,7 @@ TIMES_US = [2000, 4000, 8000, 16000, 32000, 64000, 128000]
 WIDTH, HEIGHT = 256, 256  # of one picture
 
 
-def picture_at(camera, view, time_us):
+def picture_at(camera: vistrel.Camera, view: int, time_us: int) -> vistrel.Image:
     """Sets the exposure time and waits for a frame that was taken with it."""
     status = camera.set_exposure_time_us(time_us)
     if status != 0:

@@ -5,6 +5,8 @@
 #
 #     vistrel-run --camera sim list_parameters.py
 
+from typing import Union
+
 import vistrel
 
 # The host's names are constants of every script: GAIN_DB is "gain_db".
@@ -12,17 +14,17 @@ PARAMETERS = [value for name, value in list(globals().items())
               if isinstance(value, str) and name == value.upper()]
 
 
-def text(value):
+def text(value: Union[int, float, bool, str, None]) -> str:
     if value is None:
         return "-"
     return "%.7g" % value if isinstance(value, float) else str(value)
 
 
-def limits(camera, name):
+def limits(camera: vistrel.Camera, name: str) -> str:
     """What a parameter takes: a range with its step, or the entries of an enumeration."""
     entries = camera.get_param(name + ":entries")
     if entries is not None:
-        return entries
+        return str(entries)
     least, greatest, step = (camera.get_param(name + end) for end in (":min", ":max", ":inc"))
     if least is None and greatest is None:
         return ""
@@ -30,13 +32,13 @@ def limits(camera, name):
     return "%s to %s%s" % (text(least), text(greatest), steps)
 
 
-def line(camera, name):
+def line(camera: vistrel.Camera, name: str) -> str:
     value = camera.get_param(name)
     unit = camera.get_param(name + ":unit") or ""
     return "  %-22s %16s %-3s  %s" % (name, text(value), unit, limits(camera, name))
 
 
-def list_known(camera):
+def list_known(camera: vistrel.Camera) -> None:
     print("parameters")
     for name in PARAMETERS:
         try:
@@ -45,9 +47,9 @@ def list_known(camera):
             print("  %-22s %16s      %s" % (name, "-", error))
 
 
-def list_category(camera, category):
+def list_category(camera: vistrel.Camera, category: str) -> None:
     """Prints the features of a category, then those of the categories in it."""
-    features = (camera.get_param(category + ":entries") or "").split(", ")
+    features = str(camera.get_param(category + ":entries") or "").split(", ")
     types = {name: camera.get_param(name + ":type") for name in features if name}
     if set(types.values()) != {"category"}:
         print(category)

@@ -19,7 +19,7 @@ run = max(vistrel.get_global_variable_int("drift.run"), 0) + 1
 vistrel.set_global_variable_int("drift.run", run)
 if run == 1:
     vistrel.set_global_variable_img("drift.reference", image)
-reference = vistrel.get_global_variable_img("drift.reference")
+reference = vistrel.get_global_variable_img("drift.reference") or image
 
 mean, first_mean = (picture.measure_rect()[0]["mean"] for picture in (image, reference))
 report = vistrel.get_global_variable_string("drift.report")

@@ -29,7 +29,7 @@ SystemError, "returned NULL without setting an exception" ("an error" in the
 place of "an exception" before Python 3.10).
 """
 
-from typing import Any, Callable, Final, final
+from typing import TYPE_CHECKING, Any, Callable, Final, final
 
 def get_number_devices() -> int:
     """Count the cameras that are open in the host.
@@ -572,6 +572,10 @@ class Camera:
     finds (GAIN_DB is "gain_db"); names that only the camera itself knows go
     through set_param() and get_param().
     """
+
+    # The names are the host's and the camera's: no list of them could be whole.
+    if TYPE_CHECKING:
+        def __getattr__(self, name: str) -> Callable[..., Any]: ...
 
     def open_device(self, index: int = 0, /) -> None:
         """Bind the object to an open camera by its position.
