@@ -1,0 +1,216 @@
+// SPDX-FileCopyrightText: 2026 The Vistrel Python scripting authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The viewer as a whole, driven by its menus and keys.
+#include "DialogClicker.h"
+
+#include "app/ImageView.h"
+#include "app/MainWindow.h"
+#include "core/Log.h"
+#include "viewer/scripts/EditorTabs.h"
+#include "viewer/scripts/ScriptEditor.h"
+#include "viewer/window/ErrorLogPanel.h"
+#include "viewer/window/Viewer.h"
+
+#include <QtCore/QMimeData>
+#include <QtCore/QSettings>
+#include <QtCore/QTemporaryDir>
+#include <QtCore/QUrl>
+#include <QtGui/QDropEvent>
+#include <QtTest/QTest>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QMenuBar>
+#include <QtWidgets/QStatusBar>
+
+#include <gmock/gmock.h>
+
+namespace vistrel {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+namespace {
+
+class ViewerTest : public testing::Test {
+protected:
+    ViewerTest()
+    {
+        QCoreApplication::setOrganizationName(QStringLiteral("vistrel-test"));
+        QSettings::setDefaultFormat(QSettings::IniFormat);
+        QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, m_folder.path());
+        begin();
+    }
+
+    void begin()
+    {
+        m_viewer = std::make_unique<Viewer>();
+        QString error;
+        ASSERT_TRUE(m_viewer->loadPlugin(QString(), error)) << qPrintable(error);
+        m_viewer->show();
+    }
+
+    QString writeFile(const QString& name, const QByteArray& bytes)
+    {
+        QFile file(m_folder.filePath(name));
+        file.open(QIODevice::WriteOnly);
+        file.write(bytes);
+        return file.fileName();
+    }
+    QString writePicture(const QString& name)
+    {
+        return writeFile(name, "P5 2 2 255\n" + QByteArray("\x00\x40\x80\xff", 4));
+    }
+
+    QAction* action(const QString& text)
+    {
+        for (QAction* candidate : m_viewer->window().findChildren<QAction*>())
+            if (candidate->text().remove(u'&') == text)
+                return candidate;
+        ADD_FAILURE() << "no command " << qPrintable(text);
+        return nullptr;
+    }
+    void choose(const QString& text) { action(text)->trigger(); }
+    void press(const QKeyCombination& keys)
+    {
+        QTest::keyClick(&m_viewer->window(), keys.key(), keys.keyboardModifiers());
+    }
+    ScriptEditor& editor() { return *m_viewer->scripts().tabs().current(); }
+    AppDelegate& delegate() { return m_viewer->host().delegate(); }
+
+    const QTemporaryDir m_folder;
+    std::unique_ptr<Viewer> m_viewer;
+};
+
+} // namespace
+
+TEST_F(ViewerTest, RunsTheScriptInTheEditorByItsKey)
+{
+    editor().setText(QStringLiteral("print('by key')"));
+    QTest::keyClick(&editor(), Qt::Key_F5);
+    EXPECT_EQ(m_viewer->scripts().outputText(), QStringLiteral("by key\n"));
+}
+
+TEST_F(ViewerTest, OffersToRunOrToStopAsIsPossible)
+{
+    EXPECT_TRUE(action(QStringLiteral("Run"))->isEnabled());
+    EXPECT_FALSE(action(QStringLiteral("Stop"))->isEnabled());
+    bool mayRun = true;
+    bool mayStop = false;
+    QTimer::singleShot(100, [&] {
+        mayRun = action(QStringLiteral("Run"))->isEnabled();
+        mayStop = action(QStringLiteral("Stop"))->isEnabled();
+        choose(QStringLiteral("Stop"));
+    });
+    editor().setText(QStringLiteral("import vistrel\nvistrel.wait(60)"));
+    choose(QStringLiteral("Run"));
+    EXPECT_FALSE(mayRun);
+    EXPECT_TRUE(mayStop);
+    EXPECT_TRUE(action(QStringLiteral("Run"))->isEnabled());
+}
+
+TEST_F(ViewerTest, SaysInItsStatusLineHowARunEnded)
+{
+    editor().setText(QStringLiteral("1 / 0"));
+    choose(QStringLiteral("Run"));
+    QStringList texts;
+    for (const QLabel* label : m_viewer->window().statusBar()->findChildren<QLabel*>())
+        texts.append(label->text());
+    EXPECT_THAT(texts.join(u'|').toStdString(), HasSubstr("failed after"));
+}
+
+TEST_F(ViewerTest, OpensPicturesInViewsAndScriptsInTabs)
+{
+    EXPECT_TRUE(m_viewer->openFile(writePicture(QStringLiteral("a.pgm"))));
+    EXPECT_TRUE(m_viewer->openFile(writeFile(QStringLiteral("b.py"), "print(1)\n")));
+    EXPECT_NE(delegate().viewImage(delegate().activeViewId()), nullptr);
+    EXPECT_EQ(editor().text(), QStringLiteral("print(1)\n"));
+    EXPECT_EQ(m_viewer->recentFiles().files().size(), 2);
+}
+
+TEST_F(ViewerTest, TakesFilesThatAreDropped)
+{
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(writePicture(QStringLiteral("a.pgm")))});
+    QDropEvent drop(QPointF(10, 10), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&m_viewer->window(), &drop);
+    EXPECT_GE(delegate().activeViewId(), 0);
+}
+
+TEST_F(ViewerTest, ShowsWhatTheLogSays)
+{
+    logError(QStringLiteral("something is wrong"));
+    ErrorLogPanel& panel = m_viewer->errorLog();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return panel.topLevelItemCount() > 0; }));
+    EXPECT_THAT(panel.topLevelItem(panel.topLevelItemCount() - 1)->text(1).toStdString(),
+                HasSubstr("something is wrong"));
+}
+
+TEST_F(ViewerTest, RunsAnEntryThatAScriptHasPutIntoTheMenu)
+{
+    writeFile(QStringLiteral("entry.py"), "print('from the menu')\n");
+    m_viewer->openFile(
+        writeFile(QStringLiteral("main.py"),
+                  "import vistrel\nvistrel.add_menu_item('My entry', 'entry.py')\n"));
+    choose(QStringLiteral("Run"));
+    choose(QStringLiteral("My entry"));
+    EXPECT_EQ(m_viewer->scripts().outputText(), QStringLiteral("from the menu\n"));
+}
+
+TEST_F(ViewerTest, AsksBeforeChangesAreLostByItsEnd)
+{
+    QTest::keyClicks(&editor(), QStringLiteral("x"));
+    DialogClicker clicker({QStringLiteral("Cancel"), QStringLiteral("Discard")});
+    EXPECT_FALSE(m_viewer->window().close());
+    EXPECT_TRUE(m_viewer->window().isVisible());
+    EXPECT_TRUE(m_viewer->window().close());
+}
+
+TEST_F(ViewerTest, StaysOpenWhileAScriptRunsAndAsksItToStop)
+{
+    bool closed = true;
+    QTimer::singleShot(100, [&] { closed = m_viewer->window().close(); });
+    editor().setText(QStringLiteral("import vistrel\nvistrel.wait(60)"));
+    choose(QStringLiteral("Run"));
+    EXPECT_FALSE(closed);
+    EXPECT_THAT(m_viewer->scripts().watch().statusText().toStdString(), HasSubstr("stopped after"));
+}
+
+TEST_F(ViewerTest, RemembersItsScriptsAndFiles)
+{
+    const QString path = writeFile(QStringLiteral("kept.py"), "1\n");
+    m_viewer->openFile(path);
+    EXPECT_TRUE(m_viewer->window().close());
+    m_viewer.reset();
+    begin();
+    EXPECT_THAT(m_viewer->scripts().tabs().openFiles(), ElementsAre(path));
+    EXPECT_THAT(m_viewer->recentFiles().files(), ElementsAre(path));
+}
+
+TEST_F(ViewerTest, TellsTheVersionsOfWhatItIsMadeOf)
+{
+    DialogClicker clicker({QStringLiteral("OK")});
+    choose(QStringLiteral("About"));
+    const std::string text = clicker.texts().join(u'\n').toStdString();
+    for (const char* part : {"Python 3", "Qt 6", "OpenCV 4", "Aravis 0.8", "vistrel-viewer"})
+        EXPECT_THAT(text, HasSubstr(part));
+}
+
+TEST_F(ViewerTest, HasKeysForItsCommandsAndNoneTwice)
+{
+    QStringList keys;
+    for (const QAction* command : m_viewer->window().findChildren<QAction*>())
+        if (!command->shortcut().isEmpty())
+            keys.append(command->shortcut().toString());
+    EXPECT_GT(keys.size(), 18);
+    EXPECT_EQ(keys.removeDuplicates(), 0);
+}
+
+TEST_F(ViewerTest, ChangesItsColours)
+{
+    QAction* dark = action(QStringLiteral("Dark colours"));
+    dark->setChecked(true);
+    EXPECT_LT(QApplication::palette().color(QPalette::Window).lightness(), 100);
+    dark->setChecked(false);
+    EXPECT_GT(QApplication::palette().color(QPalette::Window).lightness(), 200);
+}
+
+} // namespace vistrel
