@@ -83,6 +83,8 @@ QPoint ZoomPan::pixelAt(const QPointF& point) const
 
 QRect ZoomPan::pixelsIn(const QRectF& rect) const
 {
+    if (m_picture.isEmpty())
+        return {};
     const QRectF normalized = rect.normalized();
     const QRect touched(pixelAt(normalized.topLeft()), pixelAt(normalized.bottomRight()));
     return touched & QRect(QPoint(), m_picture.toSize());

@@ -41,11 +41,13 @@ std::vector<Definition> definitionsOfStub()
         const QRegularExpressionMatch match = line.match(text);
         if (!match.captured(u"class").isEmpty())
             currentClass = match.captured(u"class");
-        if (match.captured(u"name").isEmpty())
+        // What only type checkers read has no help.
+        const QString name = match.captured(u"name");
+        if (name.isEmpty() || name.startsWith(QLatin1String("__")))
             continue;
         const bool isMethod = !match.captured(u"indent").isEmpty();
-        found.push_back({isMethod ? currentClass.toStdString() : std::string(),
-                         match.captured(u"name").toStdString()});
+        found.push_back(
+            {isMethod ? currentClass.toStdString() : std::string(), name.toStdString()});
     }
     return found;
 }

@@ -85,6 +85,8 @@ protected:
 TEST_F(ViewerTest, RunsTheScriptInTheEditorByItsKey)
 {
     editor().setText(QStringLiteral("print('by key')"));
+    m_viewer->window().activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&m_viewer->window()));
     QTest::keyClick(&editor(), Qt::Key_F5);
     EXPECT_EQ(m_viewer->scripts().outputText(), QStringLiteral("by key\n"));
 }
@@ -130,6 +132,9 @@ TEST_F(ViewerTest, TakesFilesThatAreDropped)
 {
     QMimeData data;
     data.setUrls({QUrl::fromLocalFile(writePicture(QStringLiteral("a.pgm")))});
+    QDragEnterEvent enter(QPoint(10, 10), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&m_viewer->window(), &enter);
+    EXPECT_TRUE(enter.isAccepted());
     QDropEvent drop(QPointF(10, 10), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QCoreApplication::sendEvent(&m_viewer->window(), &drop);
     EXPECT_GE(delegate().activeViewId(), 0);
@@ -200,7 +205,7 @@ TEST_F(ViewerTest, HasKeysForItsCommandsAndNoneTwice)
     for (const QAction* command : m_viewer->window().findChildren<QAction*>())
         if (!command->shortcut().isEmpty())
             keys.append(command->shortcut().toString());
-    EXPECT_GT(keys.size(), 18);
+    EXPECT_GE(keys.size(), 18);
     EXPECT_EQ(keys.removeDuplicates(), 0);
 }
 
