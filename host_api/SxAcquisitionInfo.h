@@ -9,7 +9,7 @@
 struct SxAcquisitionInfo {
     quint32 transportFormat = 0; ///< pixel format on the wire, as a GenICam PFNC code
     qint32 exposureTimeUs = 0;   ///< microseconds
-    float gainDb = 0.0F;         ///< decibels
+    float gainDb = 0.0F;         ///< decibels; 0 when the camera does not tell it in these
     float whiteBalanceRed = 1.0F;
     float whiteBalanceGreen = 1.0F;
     float whiteBalanceBlue = 1.0F;

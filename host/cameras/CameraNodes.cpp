@@ -7,6 +7,7 @@
 #include "cameras/CameraConnection.h"
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 #include <utility>
 

@@ -85,6 +85,15 @@ const std::function<CxValue()>* propertyNamed(const Properties& properties, cons
     return name == u"entries" ? &properties.entries : nullptr;
 }
 
+/// A text was made a number where it was sent: the line must still tell what may have been meant.
+QString valueShown(const CxValue& value)
+{
+    const QString text = value.toString();
+    return isNoNumber(value)
+               ? QStringLiteral("%1 (what a text that is no number reads as)").arg(text)
+               : text;
+}
+
 void report(const NodeResult& result, int* status)
 {
     if (status)
@@ -135,7 +144,7 @@ bool CameraParameters::setParamDirect(const QString& name, const CxValue& value,
         logLine(QStringLiteral("parameter %1 cannot be set: %2").arg(name, result.reason));
     else
         logLine(QStringLiteral("parameter %1 cannot be set to %2: %3")
-                    .arg(name, value.toString(), result.reason));
+                    .arg(name, valueShown(value), result.reason));
     return result.done();
 }
 
@@ -152,6 +161,8 @@ void CameraParameters::setROIRectParams(int x, int y, int width, int height, boo
 {
     NodeResult result = CameraNodes::disconnected();
     if (m_nodes.connected())
+        result = m_region.check(x, y, width, height);
+    if (result.done())
         whileStreamPaused([&] { result = m_region.write(x, y, width, height); });
     if (!result.done())
         logLine(QStringLiteral("the region cannot be set to (%1, %2, %3, %4): %5")

@@ -4,6 +4,7 @@
 #include "cameras/CameraStream.h"
 
 #include "cameras/CameraConnection.h"
+#include "cameras/CameraNodes.h"
 #include "core/Log.h"
 
 #include <CxImageData.h>
@@ -26,6 +27,19 @@ SxAcquisitionInfo acquisitionInfo(const RawFrame& frame, const SxPicBuf& picture
     info.transportFormat = frame.pixelFormat;
     info.colorFilterArray = picture.colorFilterArray;
     return info;
+}
+
+/// Many cameras tell their gain in steps of the converter only, which are no decibels.
+bool tellsDecibels(ArvCamera* camera)
+{
+    for (const char* name : {"Gain", "GainAbs"}) {
+        ArvGcNode* node = arv_device_get_feature(arv_camera_get_device(camera), name);
+        if (!node || !ARV_IS_GC_FEATURE_NODE(node))
+            continue;
+        const QString unit = CameraNodes::unit(node);
+        return unit.isEmpty() || unit.compare(u"dB", Qt::CaseInsensitive) == 0;
+    }
+    return false;
 }
 
 const char* refusalText(ConvertResult result)
@@ -97,19 +111,26 @@ StreamStatistics CameraStream::statistics() const { return {m_taken, m_dropped +
 
 void CameraStream::refreshRecordedSettings()
 {
+    if (running()) // whoever starts it reads them anyway
+        readRecordedSettings();
+}
+
+void CameraStream::readRecordedSettings()
+{
     ArvFailure failure;
     if (m_connection.alive() && arv_camera_is_exposure_time_available(m_camera, failure.receive()))
         m_exposureUs = arv_camera_get_exposure_time(m_camera, failure.receive());
     m_connection.judge(failure);
-    if (m_connection.alive() && arv_camera_is_gain_available(m_camera, failure.receive()))
-        m_gain = arv_camera_get_gain(m_camera, failure.receive());
+    if (m_connection.alive() && tellsDecibels(m_camera)
+        && arv_camera_is_gain_available(m_camera, failure.receive()))
+        m_gainDb = arv_camera_get_gain(m_camera, failure.receive());
     m_connection.judge(failure);
 }
 
 bool CameraStream::open(QString& error)
 {
     ArvFailure failure;
-    refreshRecordedSettings();
+    readRecordedSettings();
     if (m_connection.alive() && createStream(failure)) {
         m_lastFrameId = 0;
         m_ending = false;
@@ -249,7 +270,7 @@ std::unique_ptr<CxImageData> CameraStream::image(ArvBuffer* buffer)
         static_cast<qint64>(arv_buffer_get_timestamp(buffer) / nanosecondsPerMicrosecond);
     SxAcquisitionInfo info = acquisitionInfo(frame, picture);
     info.exposureTimeUs = static_cast<qint32>(m_exposureUs.load());
-    info.gainDb = static_cast<float>(m_gain.load());
+    info.gainDb = static_cast<float>(m_gainDb.load());
     data->setPicBuf(picture);
     data->setAcquisitionInfo(&info);
     return data;

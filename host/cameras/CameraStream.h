@@ -44,12 +44,13 @@ public:
     bool resume(QString& error);
 
     StreamStatistics statistics() const;
-    /// Reads anew what goes into the acquisition records; for every change of the camera's
-    /// settings. Not done frame by frame: over a network it takes longer than a frame may last,
-    /// and the camera's nodes bear one thread only.
+    /// Reads anew what goes into the acquisition records of a running stream; for every change of
+    /// the camera's settings. Not done frame by frame: over a network it takes longer than a frame
+    /// may last, and the camera's nodes bear one thread only.
     void refreshRecordedSettings();
 
 private:
+    void readRecordedSettings();
     bool open(QString& error);
     bool createStream(ArvFailure& failure);
     void startAcquisition(ArvFailure& failure);
@@ -84,7 +85,7 @@ private:
 
     // Read by the stream's thread.
     std::atomic<double> m_exposureUs = 0.0;
-    std::atomic<double> m_gain = 0.0;
+    std::atomic<double> m_gainDb = 0.0;
 };
 
 } // namespace vistrel

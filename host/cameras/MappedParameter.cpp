@@ -5,6 +5,7 @@
 
 #include "cameras/EnumParameters.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -26,13 +27,19 @@ ArvGcNode* firstReadable(const QStringList& names, const CameraNodes& nodes)
     return nullptr;
 }
 
+bool isRaw(ArvGcNode* node)
+{
+    const char* name = arv_gc_feature_node_get_name(ARV_GC_FEATURE_NODE(node));
+    return ParameterName::isRaw(QString::fromUtf8(name));
+}
+
 /// A limit in the host's type; whole numbers are rounded by `round` and end with 32 bits.
 template<class Round>
 CxValue typedLimit(const NodeValue& limit, CxValue::Type type, Round round)
 {
     using Limits = std::numeric_limits<qint32>;
     const auto number = asNumber(limit);
-    if (!number)
+    if (!number || std::isnan(*number))
         return {};
     if (type == CxValue::Float)
         return CxValue::fromFloat(static_cast<float>(*number));
@@ -107,8 +114,20 @@ NodeResult MappedParameter::read(CxValue& value) const
     return result;
 }
 
+// Steps of the converter are no decibels, and what the camera calls a level's unit is right.
+QString MappedParameter::unit() const
+{
+    const bool isLevel = ParameterName::isRaw(m_name.nodes.constLast());
+    if (!m_node || !isLevel)
+        return m_name.unit;
+    const QString own = CameraNodes::unit(m_node);
+    return own.isEmpty() && !isRaw(m_node) ? m_name.unit : own;
+}
+
 NodeResult MappedParameter::write(const CxValue& value)
 {
+    if (isNoNumber(value))
+        return {ParameterStatus::WrongType, QStringLiteral("it takes a number")};
     const NodeValue wanted = nodeValue(value);
     if (m_name.type != CxValue::Bool || !ARV_IS_GC_ENUMERATION(m_node))
         return m_nodes.write(m_node, wanted);

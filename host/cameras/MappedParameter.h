@@ -28,7 +28,8 @@ public:
     bool isUnsupported() const override { return !m_node; }
 
     const QString& name() const { return m_name.name; }
-    const QString& unit() const { return m_name.unit; }
+    /// Of its values; empty for numbers without one, and for steps that only the camera can tell.
+    QString unit() const;
     /// The node that holds it; null when it is not supported.
     ArvGcNode* node() const { return m_node; }
 

@@ -55,6 +55,12 @@ NodeValue nodeValue(const CxValue& value)
     }
 }
 
+bool isNoNumber(const CxValue& value)
+{
+    return (value.type() == CxValue::Int && value.toInt() == CxValue::noInteger)
+           || (value.type() == CxValue::Float && std::isnan(value.toFloat()));
+}
+
 CxValue hostValue(const NodeValue& value)
 {
     if (const bool* on = std::get_if<bool>(&value))

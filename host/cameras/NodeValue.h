@@ -16,6 +16,8 @@ namespace vistrel {
 using NodeValue = std::variant<std::monostate, bool, qint64, double, QString>;
 
 NodeValue nodeValue(const CxValue& value);
+/// Whether it is what a text that is no number becomes on its way to a parameter that is one.
+bool isNoNumber(const CxValue& value);
 /// An integer that does not fit into 32 bits is given as its decimal text.
 CxValue hostValue(const NodeValue& value);
 /// For people; numbers in the C locale.

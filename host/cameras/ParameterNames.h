@@ -18,6 +18,9 @@ struct ParameterName {
     CxValue::Type type;
     QString unit;      ///< empty for numbers without one
     QStringList nodes; ///< GenICam names, the best first; a camera has one of them or none
+
+    /// Whether a node of that name counts steps of the camera's own, not the host's unit.
+    static bool isRaw(const QString& node) { return node.endsWith(u"Raw"); }
 };
 
 /// One value of an enumeration parameter.

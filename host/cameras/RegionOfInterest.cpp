@@ -39,8 +39,10 @@ Steps stepsOf(const CameraNodes& nodes, ArvGcNode* node)
 
 RegionOfInterest::RegionOfInterest(const CameraNodes& nodes)
     : m_nodes(nodes)
-    , m_x(axis("OffsetX", "Width", "SensorWidth", {"BinningHorizontal", "DecimationHorizontal"}))
-    , m_y(axis("OffsetY", "Height", "SensorHeight", {"BinningVertical", "DecimationVertical"}))
+    , m_x(axis("OffsetX", "Width", "SensorWidth", "WidthMax",
+               {"BinningHorizontal", "DecimationHorizontal"}))
+    , m_y(axis("OffsetY", "Height", "SensorHeight", "HeightMax",
+               {"BinningVertical", "DecimationVertical"}))
 {
 }
 
@@ -62,9 +64,7 @@ NodeResult RegionOfInterest::write(int left, int top, int width, int height) con
     const Span x{left, width};
     const Span y{top, height};
     QRect before;
-    NodeResult result = refuseOutside(x, y);
-    if (result.done())
-        result = read(before);
+    NodeResult result = read(before);
     if (!result.done())
         return result;
     result = writeAxis(m_x, x);
@@ -78,14 +78,15 @@ NodeResult RegionOfInterest::write(int left, int top, int width, int height) con
 }
 
 RegionOfInterest::Axis RegionOfInterest::axis(const char* offset, const char* size,
-                                              const char* sensor,
+                                              const char* sensor, const char* greatest,
                                               std::initializer_list<const char*> joined) const
 {
     const auto find = [this](const char* name) {
         ArvGcNode* node = m_nodes.find(QString::fromLatin1(name));
         return node && m_nodes.isImplemented(node) ? node : nullptr;
     };
-    Axis axis{find(offset), find(size), find(sensor), {}};
+    ArvGcNode* const whole = find(sensor);
+    Axis axis{find(offset), find(size), whole ? whole : find(greatest), !whole, {}};
     for (const char* name : joined) {
         if (ArvGcNode* node = find(name))
             axis.joined.push_back(node);
@@ -160,21 +161,33 @@ NodeResult RegionOfInterest::place(const Axis& axis, const Span& wanted) const
     return result;
 }
 
-NodeResult RegionOfInterest::refuseOutside(const Span& x, const Span& y) const
+NodeResult RegionOfInterest::sensorLength(const Axis& axis, qint64& length) const
 {
+    qint64 joined = 1;
+    NodeResult result = readNumber(axis.sensor, length);
+    if (result.done() && axis.sensorIsJoined)
+        result = factor(axis, joined);
+    length *= joined;
+    return result;
+}
+
+NodeResult RegionOfInterest::check(int left, int top, int width, int height) const
+{
+    const Span x{left, width};
+    const Span y{top, height};
     if (x.start < 0 || y.start < 0 || x.length < 1 || y.length < 1)
         return {ParameterStatus::OutOfRange,
                 QStringLiteral("it must begin on the sensor and hold a pixel")};
     if (!m_x.sensor || !m_y.sensor)
         return {};
-    qint64 width = 0;
-    qint64 height = 0;
-    NodeResult result = readNumber(m_x.sensor, width);
+    qint64 sensorWidth = 0;
+    qint64 sensorHeight = 0;
+    NodeResult result = sensorLength(m_x, sensorWidth);
     if (result.done())
-        result = readNumber(m_y.sensor, height);
-    if (result.done() && (x.start + x.length > width || y.start + y.length > height))
+        result = sensorLength(m_y, sensorHeight);
+    if (result.done() && (x.start + x.length > sensorWidth || y.start + y.length > sensorHeight))
         return {ParameterStatus::OutOfRange,
-                QStringLiteral("the sensor has %1 x %2 pixels").arg(width).arg(height)};
+                QStringLiteral("the sensor has %1 x %2 pixels").arg(sensorWidth).arg(sensorHeight)};
     return result;
 }
 

@@ -12,12 +12,19 @@ qint32 clampedInt(double value)
 {
     using Limits = std::numeric_limits<qint32>;
     if (std::isnan(value))
-        return 0;
+        return CxValue::noInteger;
     if (value >= Limits::max())
         return Limits::max();
     if (value <= Limits::min())
         return Limits::min();
     return static_cast<qint32>(value);
+}
+
+double numberOf(const QString& text)
+{
+    bool isNumber = false;
+    const double number = text.toDouble(&isNumber);
+    return isNumber ? number : std::numeric_limits<double>::quiet_NaN();
 }
 
 /// The shortest text that reads back as the same float.
@@ -85,7 +92,7 @@ qint32 CxValue::toInt() const
     case Bool:
         return m_number.asBool ? 1 : 0;
     case String:
-        return clampedInt(m_text.toDouble());
+        return clampedInt(numberOf(m_text));
     default:
         return 0;
     }
@@ -101,7 +108,7 @@ float CxValue::toFloat() const
     case Bool:
         return m_number.asBool ? 1.0F : 0.0F;
     case String:
-        return m_text.toFloat();
+        return static_cast<float>(numberOf(m_text));
     default:
         return 0.0F;
     }

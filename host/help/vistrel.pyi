@@ -680,10 +680,12 @@ class Camera:
                 It is converted to the parameter's type: True and False go as
                 1 and 0, floats lose their fraction where whole numbers are
                 needed. Of an int the low 32 bits count. An enumeration with
-                upper-case constants takes one of these numbers; a text that is
-                no number counts as 0 there. One of the camera's own, for
-                example "PixelFormat", also takes an entry's name. A command
-                is executed by 1.
+                upper-case constants takes one of these numbers, for example
+                IMAGE_DATA_FORMAT_RGB8. One of the camera's own, for example
+                "PixelFormat", also takes an entry's name, as "RGB8". A text
+                goes for a number where it reads as one, with a point; one
+                that is no number is refused, for on and off it counts as
+                False unless it reads "true". A command is executed by 1.
 
         Returns:
             what the host says: 0 done, 1 no such parameter, 2 not such a
@@ -732,7 +734,8 @@ class Camera:
         Returns:
             the value, in the parameter's unit.
             Its type is that of the parameter; None when there is no value,
-            for example no limit.
+            for example no limit. A camera that knows gain_db or black_level in
+            raw steps only gives these, and no unit: "gain_db:unit" is None.
 
         Raises:
             Exception: "Parameter not supported by the camera."
@@ -1778,7 +1781,7 @@ class Image:
     exposure_time_us: Final[int]
     """Camera record: exposure time in microseconds."""
     gain_db: Final[float]
-    """Camera record: gain in decibels."""
+    """Camera record: gain in decibels; 0.0 when the camera has raw steps."""
     data_saturation: Final[float]
     """Value of a saturated pixel.
 

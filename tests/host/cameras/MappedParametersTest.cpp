@@ -7,7 +7,11 @@
 
 #include <gmock/gmock.h>
 
+#include <unistd.h>
+
 #include <array>
+#include <atomic>
+#include <cmath>
 #include <limits>
 
 namespace vistrel::test {
@@ -119,6 +123,26 @@ TEST_F(KnownParameters, NoValueIsRefusedWithAWholeSentence)
     EXPECT_THAT(log.text(), HasSubstr("parameter width cannot be set: there is no value"));
 }
 
+TEST_F(KnownParameters, ATextThatIsNoNumberIsRefusedAndTheLineSaysSo)
+{
+    const CxValue text = CxValue::fromString(QStringLiteral("loud"));
+    ASSERT_EQ(write(camera, "gain_db", CxValue::fromInt(7)), 0);
+    ASSERT_EQ(write(camera, "image_data_format", CxValue::fromInt(4)), 0);
+    for (const char* name : {"width", "exposure_time_us", "image_data_format", "trigger_mode"})
+        EXPECT_NE(write(camera, name, CxValue::fromInt(text.toInt())), 0) << name;
+    for (const char* name : {"gain_db", "framerate"})
+        EXPECT_EQ(write(camera, name, CxValue::fromFloat(text.toFloat())),
+                  status(ParameterStatus::WrongType))
+            << name;
+    EXPECT_EQ(read(camera, "gain_db").toFloat(), 7.0F);
+    EXPECT_EQ(read(camera, "image_data_format").toInt(), 4);
+    EXPECT_EQ(read(camera, "width").toInt(), 512);
+    EXPECT_THAT(log.text(),
+                AllOf(HasSubstr("image_data_format cannot be set to -2147483648 (what a text that "
+                                "is no number reads as): its entries are"),
+                      HasSubstr("gain_db cannot be set to nan (what a text that is no number")));
+}
+
 TEST_F(KnownParameters, AnEnumerationTakesItsConstantsAndRefusesOthersWithAList)
 {
     EXPECT_EQ(write(camera, "image_data_format", CxValue::fromInt(4)), 0);
@@ -171,7 +195,7 @@ TEST_F(KnownParameters, TheWidthMayBeSetWhileTheCameraStreams)
 
 TEST_F(KnownParameters, GiveTheirPropertiesBehindAColon)
 {
-    EXPECT_EQ(read(camera, "gain_db:unit").toString(), u"dB");
+    EXPECT_EQ(read(camera, "exposure_time_us:unit").toString(), u"us");
     EXPECT_EQ(read(camera, "exposure_time_us:max").toInt(), 10'000'000);
     EXPECT_EQ(read(camera, "GainRaw:max").toInt(), 10);
     EXPECT_EQ(read(camera, "GainRaw:min").toInt(), 0);
@@ -190,8 +214,8 @@ TEST_F(KnownParameters, GiveTheirPropertiesBehindAColon)
 
 TEST_F(KnownParameters, PropertiesThatAParameterLacksAreEmpty)
 {
-    for (const char* name :
-         {"width:entries", "trigger_mode:min", "TriggerMode:max", "GainRaw:unit", "DeviceID:inc"}) {
+    for (const char* name : {"width:entries", "trigger_mode:min", "TriggerMode:max", "GainRaw:unit",
+                             "DeviceID:inc", "gain_db:unit"}) {
         CxValue value = CxValue::fromInt(1);
         EXPECT_TRUE(parameters()->getParamDirect(QLatin1String(name), value, nullptr)) << name;
         EXPECT_EQ(value.type(), CxValue::Empty) << name;
@@ -392,6 +416,34 @@ TEST_F(SteppedCamera, HugeAndNegativeRegionsAreRefused)
     EXPECT_THAT(log.text(), HasSubstr("(0, 0, 2147483647, 2147483647)"));
 }
 
+/// A camera that tells the size of its sensor by the greatest picture only.
+struct CameraWithoutSensorSize : DescribedCameraTest {
+    CameraWithoutSensorSize()
+        : DescribedCameraTest({{"SensorWidth", "WidthMax"}, {"SensorHeight", "HeightMax"}})
+    {
+    }
+};
+
+TEST_F(CameraWithoutSensorSize, RefusesARegionPastItAndStreamsOn)
+{
+    std::atomic<pid_t> streamThread = 0; // another one after each start
+    const auto sink = [&](std::unique_ptr<CxImageData>) { streamThread = gettid(); };
+    ASSERT_TRUE(manager.start(camera, sink, error)) << error.toStdString();
+    ASSERT_TRUE(waitUntil([&] { return streamThread != 0; }));
+    const pid_t before = streamThread.exchange(0);
+    CxCameraParameters* parameters = manager.cameraParameters(camera);
+    for (const QRect& wrong : {QRect(2000, 0, 100, 10), QRect(0, 0, 10, 2049)})
+        parameters->setROIRectParams(wrong.x(), wrong.y(), wrong.width(), wrong.height(), true);
+    EXPECT_EQ(parameters->currentROIRectParams(), QRect(0, 0, 512, 512));
+    EXPECT_THAT(log.text(), HasSubstr("the sensor has 2048 x 2048 pixels"));
+    streamThread = 0;
+    ASSERT_TRUE(waitUntil([&] { return streamThread != 0; }));
+    EXPECT_EQ(streamThread, before);
+    parameters->setROIRectParams(0, 0, 2048, 2048, true);
+    EXPECT_EQ(parameters->currentROIRectParams(), QRect(0, 0, 2048, 2048));
+    manager.stop(camera);
+}
+
 /// A camera with a feature that comes and goes.
 struct MoodyCamera : DescribedCameraTest {
     MoodyCamera()
@@ -450,6 +502,7 @@ TEST_F(ModernCamera, IsSpokenToByTheSameNames)
     EXPECT_EQ(read(camera, "ExposureTime").toFloat(), 300.0F);
     EXPECT_EQ(write(camera, "gain_db", CxValue::fromInt(3)), 0);
     EXPECT_EQ(read(camera, "Gain").toInt(), 3);
+    EXPECT_EQ(read(camera, "gain_db:unit").toString(), u"dB");
     EXPECT_EQ(write(camera, "acq_timing_mode", CxValue::fromInt(1)), 0);
     EXPECT_TRUE(read(camera, "AcquisitionFrameRateEnable").toBool());
     EXPECT_EQ(read(camera, "acq_timing_mode").toInt(), 1);
@@ -457,6 +510,39 @@ TEST_F(ModernCamera, IsSpokenToByTheSameNames)
     EXPECT_EQ(read(camera, "acq_timing_mode").toInt(), 0);
     EXPECT_EQ(write(camera, "acq_timing_mode", CxValue::fromInt(2)),
               status(ParameterStatus::OutOfRange));
+}
+
+/// A camera that computes an exposure which is no number.
+struct ConfusedCamera : DescribedCameraTest {
+    ConfusedCamera()
+        : DescribedCameraTest(
+            {{"<FormulaFrom>TO</FormulaFrom>", "<FormulaFrom>SQRT(0.0-1.0-TO)</FormulaFrom>"}})
+    {
+    }
+};
+
+TEST_F(ConfusedCamera, HasNoValueForWhatIsNoNumber)
+{
+    ASSERT_TRUE(std::isnan(read(camera, "ExposureTimeAbs").toFloat()));
+    EXPECT_EQ(read(camera, "exposure_time_us").type(), CxValue::Empty);
+}
+
+/// A camera whose gain is a number with a fraction.
+struct DecibelCamera : DescribedCameraTest {
+    DecibelCamera()
+        : DescribedCameraTest({{"<Integer Name=\"GainRaw\"", "<Float Name=\"Gain\""},
+                               {"<Max>10</Max>\n\t</Integer>", "<Max>10</Max>\n\t</Float>"}})
+    {
+    }
+};
+
+TEST_F(DecibelCamera, WritesItsGainIntoTheRecordInDecibels)
+{
+    ASSERT_EQ(write(camera, "gain_db", CxValue::fromInt(3)), 0);
+    start(camera);
+    const auto frames = collector.take(1);
+    ASSERT_FALSE(frames.empty());
+    EXPECT_EQ(frames.front()->acquisitionInfo()->gainDb, 3.0F);
 }
 
 } // namespace

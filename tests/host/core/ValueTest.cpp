@@ -50,7 +50,7 @@ TEST(Value, AFloatIsRoundedTowardsZeroAndHeldAtTheRangesEnds)
     EXPECT_EQ(CxValue::fromFloat(3e9F).toInt(), greatestInt);
     EXPECT_EQ(CxValue::fromFloat(-3e9F).toInt(), leastInt);
     EXPECT_EQ(CxValue::fromFloat(std::numeric_limits<float>::infinity()).toInt(), greatestInt);
-    EXPECT_EQ(CxValue::fromFloat(std::nanf("")).toInt(), 0);
+    EXPECT_EQ(CxValue::fromFloat(std::nanf("")).toInt(), CxValue::noInteger);
 }
 
 TEST(Value, AFloatPrintsAsTheShortestTextThatReadsBack)
@@ -78,10 +78,19 @@ TEST(Value, ATextIsReadAsADecimalNumberWithAPoint)
     EXPECT_EQ(text("42").toInt(), 42);
     EXPECT_EQ(text("-12.7").toInt(), -12);
     EXPECT_EQ(text("1.5").toFloat(), 1.5F);
-    EXPECT_EQ(text("1,5").toFloat(), 0.0F);
-    EXPECT_EQ(text("12 apples").toInt(), 0);
+    EXPECT_EQ(text("0").toInt(), 0);
+    EXPECT_EQ(text("0").toFloat(), 0.0F);
     EXPECT_EQ(text("99999999999").toInt(), greatestInt);
     EXPECT_EQ(text("12 apples").toString(), QStringLiteral("12 apples"));
+}
+
+TEST(Value, ATextThatIsNoNumberIsNeverZero)
+{
+    for (const char* characters : {"12 apples", "RGB8", "1,5", "loud", "", "nan"}) {
+        const CxValue text = CxValue::fromString(QString::fromLatin1(characters));
+        EXPECT_EQ(text.toInt(), CxValue::noInteger) << characters;
+        EXPECT_TRUE(std::isnan(text.toFloat())) << characters;
+    }
 }
 
 TEST(Value, ATextIsTrueWhenItReadsTrueOrAsANumberOtherThanZero)
