@@ -74,6 +74,11 @@ CaptureDialog::CaptureDialog(QWidget* parent, const QString& title, const QStrin
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     connect(&m_second, &QTimer::timeout, this, &CaptureDialog::countDown);
+    if (m_interrupts.descriptor() < 0)
+        return;
+    m_interrupted.setSocket(m_interrupts.descriptor());
+    m_interrupted.setEnabled(true);
+    connect(&m_interrupted, &QSocketNotifier::activated, this, &QDialog::reject);
 }
 
 CaptureDialog::~CaptureDialog() = default;
@@ -100,6 +105,8 @@ bool CaptureDialog::watch(CameraManager& cameras, void* cameraHandle, ImageView*
 
 SxPicBuf* CaptureDialog::takePicture() const
 {
+    if (!m_shown)
+        return nullptr;
     const SxPicBuf& shown = *m_shown->picBuf();
     auto picture = std::make_unique<SxPicBuf>();
     CxPicBufAPI::AllocPicBufFromHeap(*picture, shown, false, 0);

@@ -3,10 +3,12 @@
 // The dialog in which a user takes one picture with a camera.
 #pragma once
 
+#include "app/InterruptWatch.h"
 #include "chains/Chain.h"
 
 #include <CxImageData.h>
 
+#include <QtCore/QSocketNotifier>
 #include <QtCore/QTimer>
 #include <QtWidgets/QDialog>
 
@@ -23,7 +25,8 @@ class ImageView;
 class LiveStream;
 
 /// Shows what the camera sees now, with a button to take that picture and one to give up. It ends
-/// by itself, without a picture, when the camera is closed.
+/// by itself, without a picture, when the camera is closed and when the user interrupts the
+/// program.
 class CaptureDialog : public QDialog {
     Q_OBJECT
 
@@ -41,7 +44,7 @@ public:
     bool watch(CameraManager& cameras, void* cameraHandle, ImageView* view, QString& error);
 
     /// The picture that was taken, on the heap, both record and pixels the caller's; null when
-    /// there is no memory for it. For a dialog that was accepted.
+    /// there is none, or no memory for it. For a dialog that was accepted.
     SxPicBuf* takePicture() const;
 
 private:
@@ -51,6 +54,8 @@ private:
     void countDown();
     void showSecondsLeft();
 
+    const InterruptWatch m_interrupts;
+    QSocketNotifier m_interrupted{QSocketNotifier::Read};
     QLabel* m_countdownText;
     Preview* m_preview;
     QPushButton* m_capture;

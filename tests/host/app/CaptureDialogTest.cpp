@@ -3,6 +3,7 @@
 // Taking a picture by dialog, with the simulated camera.
 #include "AppFixture.h"
 
+#include "app/CaptureDialog.h"
 #include "app/DialogAnswers.h"
 #include "app/LiveStream.h"
 
@@ -13,6 +14,9 @@
 #include <QtWidgets/QDialog>
 #include <QtWidgets/QLabel>
 
+#include <unistd.h>
+
+#include <csignal>
 #include <limits>
 #include <memory>
 #include <thread>
@@ -30,6 +34,10 @@ struct PictureDeleter {
     }
 };
 using Picture = std::unique_ptr<SxPicBuf, PictureDeleter>;
+
+volatile std::sig_atomic_t interrupts = 0;
+
+extern "C" void countInterrupt(int) { interrupts = interrupts + 1; }
 
 class CaptureDialogTest : public HostTest {
 protected:
@@ -189,6 +197,22 @@ TEST_F(CaptureDialogTest, EndsWhenTheCameraIsRestarted)
     whenUp([&](QWidget&) { app.restartCameraWithDefaults(camera); });
     EXPECT_EQ(ask(), nullptr);
     EXPECT_TRUE(handleEventsUntil([&] { return host.cameras().openedCameraCount() == 1; }));
+}
+
+TEST_F(CaptureDialogTest, EndsWithoutAPictureWhenTheUserInterruptsTheProgram)
+{
+    std::signal(SIGINT, &countInterrupt); // stands for the interpreter's
+    whenUp([](QWidget&) { kill(getpid(), SIGINT); });
+    EXPECT_EQ(ask(), nullptr);
+    EXPECT_EQ(interrupts, 1);
+    EXPECT_FALSE(host.cameras().isStreaming(camera));
+    EXPECT_EQ(std::signal(SIGINT, SIG_DFL), &countInterrupt);
+}
+
+TEST_F(CaptureDialogTest, TakesNoPictureBeforeItHasSeenOne)
+{
+    const CaptureDialog dialog(nullptr, QString(), QString());
+    EXPECT_EQ(Picture(dialog.takePicture()), nullptr);
 }
 
 TEST_F(CaptureDialogTest, SurvivesTheViewThatItWatches)
