@@ -11,6 +11,7 @@
 #include <QtCore/QObject>
 #include <QtCore/QStringList>
 
+#include <functional>
 #include <memory>
 
 class QMdiSubWindow;
@@ -19,6 +20,7 @@ namespace vistrel {
 
 class CameraManager;
 class ImageView;
+class LiveStream;
 class MainWindow;
 
 /// Makes the main window when it is first needed: a program without a screen may do without one.
@@ -77,6 +79,8 @@ private:
     void followArea(QMdiSubWindow* activated);
     void rememberFile(const QString& path);
     ImageView* liveView(void* cameraHandle) const;
+    ImageView* formerView(void* cameraHandle) const;
+    ImageView* viewWhoseStream(const std::function<bool(const LiveStream&)>& isWanted) const;
     bool startLiveView(void* cameraHandle);
     bool openLiveView(void* cameraHandle, QString& error);
 

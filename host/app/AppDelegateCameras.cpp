@@ -46,11 +46,24 @@ bool AppDelegate::setCameraAcquisition(bool start, void* cameraHandle)
 
 ImageView* AppDelegate::liveView(void* cameraHandle) const
 {
-    const auto showsCamera = [cameraHandle](const ImageView* view) {
-        return view->stream() && view->stream()->camera() == cameraHandle;
-    };
+    return viewWhoseStream(
+        [cameraHandle](const LiveStream& stream) { return stream.camera() == cameraHandle; });
+}
+
+// A camera that was closed and opened again goes on where it was seen before.
+ImageView* AppDelegate::formerView(void* cameraHandle) const
+{
+    return viewWhoseStream(
+        [cameraHandle](const LiveStream& stream) { return stream.showedDevice(cameraHandle); });
+}
+
+ImageView*
+AppDelegate::viewWhoseStream(const std::function<bool(const LiveStream&)>& isWanted) const
+{
     const auto& views = m_views.all();
-    const auto position = std::find_if(views.begin(), views.end(), showsCamera);
+    const auto position = std::find_if(views.begin(), views.end(), [&](const ImageView* view) {
+        return view->stream() && isWanted(*view->stream());
+    });
     return position == views.end() ? nullptr : *position;
 }
 
@@ -58,6 +71,8 @@ bool AppDelegate::startLiveView(void* cameraHandle)
 {
     QString error;
     const ImageView* view = liveView(cameraHandle);
+    if (!view && (view = formerView(cameraHandle)))
+        view->stream()->follow(cameraHandle);
     const bool started = view ? view->stream()->start(error) : openLiveView(cameraHandle, error);
     if (!started) {
         logError(error);

@@ -14,6 +14,17 @@
 
 namespace vistrel {
 
+namespace {
+
+/// The same whenever the device is opened.
+QString deviceName(CameraManager& cameras, void* cameraHandle)
+{
+    const SxCameraInfo& info = cameras.cameraParameters(cameraHandle)->cameraInfo();
+    return QStringLiteral("%1 %2").arg(info.instancePath, info.serialNumber);
+}
+
+} // namespace
+
 /// Each operation may be called on any thread.
 class LiveStream::Slot {
 public:
@@ -78,6 +89,7 @@ void LiveStream::Slot::allowNextAnnouncement()
 LiveStream::LiveStream(CameraManager& cameras, void* cameraHandle, Chain& chain)
     : m_cameras(cameras)
     , m_camera(cameraHandle)
+    , m_device(deviceName(cameras, cameraHandle))
     , m_chain(chain)
     , m_slot(std::make_shared<Slot>(*this))
 {
@@ -93,6 +105,11 @@ LiveStream::~LiveStream()
     if (m_camera)
         m_cameras.stop(m_camera);
     m_chain.end().setOutput(nullptr);
+}
+
+bool LiveStream::showedDevice(void* cameraHandle) const
+{
+    return !m_camera && m_device == deviceName(m_cameras, cameraHandle);
 }
 
 bool LiveStream::start(QString& error) { return m_cameras.start(m_camera, m_chain.input(), error); }

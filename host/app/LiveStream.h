@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QtCore/QObject>
+#include <QtCore/QString>
 
 #include <memory>
 
@@ -29,6 +30,10 @@ public:
     /// Stops the camera's stream.
     ~LiveStream() override;
 
+    /// Shows a camera that was opened again, under another handle; the one before has been closed.
+    void follow(void* cameraHandle) { m_camera = cameraHandle; }
+    /// Whether it has lost its camera, and this one, opened now, is the same device.
+    bool showedDevice(void* cameraHandle) const;
     /// The camera's handle; null as soon as the camera has been closed.
     void* camera() const { return m_camera; }
     /// Starts the camera; true also when it streams already. False with the reason in `error`.
@@ -61,6 +66,7 @@ private:
 
     CameraManager& m_cameras;
     void* m_camera;
+    const QString m_device;
     Chain& m_chain;
     std::shared_ptr<Slot> m_slot; // shared with the end of the chain
 };
