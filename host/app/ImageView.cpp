@@ -161,11 +161,12 @@ void ImageView::closeEvent(QCloseEvent* event)
 
 void ImageView::endWork()
 {
+    // Named in full: the destructor ends the work, too.
     m_stream.reset();
-    if (isRecording())
+    if (ImageView::isRecording())
         m_chain.drain(); // the last frames belong to the film
     m_chain.stop();
-    stopRecording();
+    ImageView::stopRecording();
 }
 
 void ImageView::paintEvent(QPaintEvent*)
