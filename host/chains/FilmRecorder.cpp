@@ -166,7 +166,7 @@ void FilmRecorder::take(CxImageData& image)
         return;
     std::unique_ptr<QObject> copy(m_worker.hasRoom() ? image.clone(0, 0) : nullptr);
     if (auto* const picture = qobject_cast<CxImageData*>(copy.get())) {
-        copy.release();
+        static_cast<void>(copy.release()); // the picture itself goes on
         m_worker.put(std::unique_ptr<CxImageData>(picture));
     } else {
         ++m_dropped;
