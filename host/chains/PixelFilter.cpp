@@ -98,7 +98,7 @@ QString filterPixels(CxImageData& image, ResultPicture& result, const FilterKind
                      const MatFunction& filter)
 {
     const SxPicBuf& source = *image.picBuf();
-    const QString reason = reasonAgainst(source);
+    QString reason = reasonAgainst(source);
     if (!reason.isEmpty())
         return reason;
     SxPicBuf& target = result.shaped(source);
