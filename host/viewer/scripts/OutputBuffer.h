@@ -30,7 +30,7 @@ public:
 private:
     void cut();
 
-    const int m_lines;
+    const qint64 m_lines;
     std::mutex m_mutex; // guards the following
     QString m_text;
     qint64 m_lineEnds = 0; // in m_text
