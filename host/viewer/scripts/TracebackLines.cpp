@@ -24,7 +24,7 @@ std::optional<SourcePlace> errorPlaceOf(const QString& errors)
     QStringList lines = errors.split(u'\n');
     std::reverse(lines.begin(), lines.end());
     for (const QString& line : lines) {
-        const std::optional<SourcePlace> place = sourcePlaceOf(line);
+        std::optional<SourcePlace> place = sourcePlaceOf(line);
         if (place && place->isScript())
             return place;
     }
