@@ -3,15 +3,14 @@
 // The dialog in which a user takes one picture with a camera.
 #include "app/CaptureDialog.h"
 
-#include "app/DisplayPicture.h"
 #include "app/ImageFile.h"
 #include "app/ImageView.h"
 #include "app/LiveStream.h"
+#include "app/PictureWidget.h"
 #include "cameras/CameraManager.h"
 
 #include <CxPicBufAPI.h>
 
-#include <QtGui/QPainter>
 #include <QtWidgets/QDialogButtonBox>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QPushButton>
@@ -25,30 +24,10 @@ namespace vistrel {
 using namespace std::chrono_literals;
 
 /// As large as the window lets it be, whatever the size of the frames.
-class CaptureDialog::Preview : public QWidget {
+class CaptureDialog::Preview : public PictureWidget {
 public:
-    void show(const QImage& picture)
-    {
-        m_picture = picture;
-        update();
-    }
+    Preview() { setFocusPolicy(Qt::NoFocus); } // the keys are the buttons'
     QSize sizeHint() const override { return {640, 480}; }
-
-protected:
-    void paintEvent(QPaintEvent*) override
-    {
-        QPainter painter(this);
-        painter.fillRect(rect(), palette().color(QPalette::Dark));
-        if (m_picture.isNull())
-            return;
-        QRect target(QPoint(), m_picture.size().scaled(size(), Qt::KeepAspectRatio));
-        target.moveCenter(rect().center());
-        painter.setRenderHint(QPainter::SmoothPixmapTransform, m_picture.width() > width());
-        painter.drawImage(target, m_picture);
-    }
-
-private:
-    QImage m_picture;
 };
 
 CaptureDialog::CaptureDialog(QWidget* parent, const QString& title, const QString& message)
@@ -120,8 +99,8 @@ void CaptureDialog::showFrame(std::unique_ptr<CxImageData> frame)
     if (!frame || result() == Accepted)
         return;
     const bool isFirst = !m_shown;
-    m_shown = std::move(frame);
-    m_preview->show(displayPicture(*m_shown->picBuf()));
+    m_shown.swap(frame);
+    m_preview->setPicture(m_shown->picBuf());
     m_capture->setEnabled(true);
     if (!isFirst || !m_secondsLeft)
         return;

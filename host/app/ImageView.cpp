@@ -1,9 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Vistrel Python scripting authors
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Image and stream of a view, and how it paints them.
+// Image, stream and film of a view.
 #include "app/ImageView.h"
 
-#include "app/DisplayPicture.h"
 #include "app/ImageFile.h"
 #include "app/LiveStream.h"
 #include "chains/FilmRecorder.h"
@@ -12,7 +11,6 @@
 #include <CxImageData.h>
 
 #include <QtGui/QCloseEvent>
-#include <QtGui/QPainter>
 #include <QtWidgets/QMdiSubWindow>
 
 #include <utility>
@@ -25,21 +23,12 @@ constexpr QSize emptyViewSize(320, 240);
 constexpr QSize largestSizeHint(800, 600);
 constexpr double usualFrameRate = 25.0;
 
-/// Where a picture of that size goes: as large as possible, in the middle.
-QRect fittedRect(const QSize& picture, const QRect& area)
-{
-    QRect target(QPoint(), picture.scaled(area.size(), Qt::KeepAspectRatio));
-    target.moveCenter(area.center());
-    return target;
-}
-
 } // namespace
 
 ImageView::ImageView(int id, const QString& title)
     : m_id(id)
 {
     setWindowTitle(title);
-    setAttribute(Qt::WA_OpaquePaintEvent);
     connect(&m_chain, &Chain::started, this, &ImageView::processAgain);
 }
 
@@ -74,9 +63,8 @@ void ImageView::processAgain()
 void ImageView::show(std::unique_ptr<CxImageData> image)
 {
     m_shown.store(image.get(), std::memory_order_release);
-    m_image = std::move(image);
-    m_display = QImage();
-    update();
+    m_image.swap(image); // what was shown goes when the widget does not look at it any more
+    setPicture(m_image ? m_image->picBuf() : nullptr);
 }
 
 void ImageView::setStream(std::unique_ptr<LiveStream> stream)
@@ -140,10 +128,9 @@ bool ImageView::isRecording() const { return m_recorder && m_recorder->isRecordi
 
 QSize ImageView::sizeHint() const
 {
-    if (!m_image || !m_image->picBuf()->data)
+    const QSize size = pictureSize();
+    if (size.isEmpty())
         return emptyViewSize;
-    const SxPicBuf& buffer = *m_image->picBuf();
-    const QSize size(static_cast<int>(buffer.width), static_cast<int>(buffer.height));
     const bool fits = size.boundedTo(largestSizeHint) == size;
     return fits ? size : size.scaled(largestSizeHint, Qt::KeepAspectRatio);
 }
@@ -169,17 +156,6 @@ void ImageView::endWork()
     ImageView::stopRecording();
 }
 
-void ImageView::paintEvent(QPaintEvent*)
-{
-    QPainter painter(this);
-    painter.fillRect(rect(), palette().color(QPalette::Dark));
-    updateDisplay();
-    if (m_display.isNull())
-        return;
-    painter.setRenderHint(QPainter::SmoothPixmapTransform, m_display.width() > width());
-    painter.drawImage(fittedRect(m_display.size(), rect()), m_display);
-}
-
 void ImageView::requestClose()
 {
     auto* window = qobject_cast<QMdiSubWindow*>(parentWidget());
@@ -187,12 +163,6 @@ void ImageView::requestClose()
         window->close();
     else
         close();
-}
-
-void ImageView::updateDisplay()
-{
-    if (m_display.isNull() && m_image)
-        m_display = displayPicture(*m_image->picBuf());
 }
 
 } // namespace vistrel

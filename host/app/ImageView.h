@@ -3,12 +3,10 @@
 // The window that shows an image or a camera's stream.
 #pragma once
 
+#include "app/PictureWidget.h"
 #include "chains/Chain.h"
 
 #include <CxMdiView.h>
-
-#include <QtGui/QImage>
-#include <QtWidgets/QWidget>
 
 #include <atomic>
 #include <memory>
@@ -21,7 +19,7 @@ class FilmRecorder;
 class LiveStream;
 
 /// Content of a window in the main window's area. GUI thread, if not said otherwise.
-class ImageView : public QWidget, public CxMdiView {
+class ImageView : public PictureWidget, public CxMdiView {
     Q_OBJECT
 
 public:
@@ -73,7 +71,6 @@ Q_SIGNALS:
 
 protected:
     void closeEvent(QCloseEvent* event) override;
-    void paintEvent(QPaintEvent* event) override;
 
 private:
     void requestClose() override;
@@ -81,7 +78,6 @@ private:
     void processAgain();
     void show(std::unique_ptr<CxImageData> image);
     void endWork();
-    void updateDisplay();
 
     const int m_id;
     Chain m_chain;
@@ -93,7 +89,6 @@ private:
     std::shared_ptr<FilmRecorder> m_recorder; // shared with the end of the chain
     quint64 m_frameCount = 0;
     bool m_closed = false;
-    QImage m_display; // made when first painted, so that views without a screen cost nothing
 };
 
 } // namespace vistrel

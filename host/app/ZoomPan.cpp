@@ -90,4 +90,9 @@ QRect ZoomPan::pixelsIn(const QRectF& rect) const
     return touched & QRect(QPoint(), m_picture.toSize());
 }
 
+QRectF ZoomPan::placeOf(const QRect& pixels) const
+{
+    return {m_topLeft + QPointF(pixels.topLeft()) * m_zoom, QSizeF(pixels.size()) * m_zoom};
+}
+
 } // namespace vistrel

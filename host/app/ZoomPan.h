@@ -27,12 +27,15 @@ public:
 
     bool isFitted() const { return m_isFitted; }
     double zoom() const { return m_zoom; }
+    QPointF middleOfArea() const { return {m_area.width() / 2.0, m_area.height() / 2.0}; }
     /// The whole picture in the area, partly outside when it is enlarged.
     QRectF target() const;
     /// The pixel below a point of the area; outside the picture where the point is.
     QPoint pixelAt(const QPointF& point) const;
     /// The pixels that a rectangle of the area touches, cut at the picture's edges.
     QRect pixelsIn(const QRectF& rect) const;
+    /// Where pixels of the picture lie in the area.
+    QRectF placeOf(const QRect& pixels) const;
 
 private:
     double fittingZoom() const;
