@@ -15,7 +15,7 @@ public:
     /// memory, a size of 0, a size that no address space holds) `buffer.data` stays null.
     /// @param blackLevel  value of a black pixel.
     /// @param stride      bytes a line, 0: the next multiple of 4.
-    /// @param zeroed      asks for cleared memory; this allocator always clears.
+    /// @param zeroed      asks for black pixels; without it only the padding of lines is cleared.
     /// @param alignment   of the first line in bytes, a power of two; 0: the heap's choice.
     static void AllocPicBufFromHeap(SxPicBuf& buffer, unsigned width, unsigned height,
                                     unsigned channels, ExImageDataType dataType,

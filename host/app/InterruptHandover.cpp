@@ -3,17 +3,9 @@
 // Takes a signal handler away and puts it back.
 #include "app/InterruptHandover.h"
 
+#include "app/SignalAction.h"
+
 namespace vistrel {
-
-namespace {
-
-bool isFunction(const struct sigaction& action)
-{
-    const bool hasInfo = (action.sa_flags & SA_SIGINFO) != 0;
-    return hasInfo || (action.sa_handler != SIG_DFL && action.sa_handler != SIG_IGN);
-}
-
-} // namespace
 
 InterruptHandover::Run::Run(InterruptHandover& handover)
     : m_handover(handover)

@@ -3,6 +3,8 @@
 // A signal handler in front of another one.
 #include "app/InterruptWatch.h"
 
+#include "app/SignalAction.h"
+
 #include <sys/eventfd.h>
 #include <unistd.h>
 
@@ -43,16 +45,9 @@ extern "C" void onInterrupt(int signal, siginfo_t* info, void* context)
     errno = error;
 }
 
-bool hasInfo(const struct sigaction& action) { return (action.sa_flags & SA_SIGINFO) != 0; }
-
 bool isOurs(const struct sigaction& action)
 {
     return hasInfo(action) && action.sa_sigaction == &onInterrupt;
-}
-
-bool isFunction(const struct sigaction& action)
-{
-    return hasInfo(action) || (action.sa_handler != SIG_DFL && action.sa_handler != SIG_IGN);
 }
 
 void setReplaced(const struct sigaction& action)

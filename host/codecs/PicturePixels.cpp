@@ -3,12 +3,14 @@
 // Picture buffers as OpenCV sees them.
 #include "codecs/PicturePixels.h"
 
+#include "core/PicBufMat.h"
+#include "core/PicBufView.h"
+
 #include <CxPicBufAPI.h>
 
 #include <opencv2/imgproc.hpp>
 
 #include <algorithm>
-#include <climits>
 #include <cmath>
 #include <cstring>
 
@@ -50,19 +52,6 @@ const ElementType* elementTypeOfDepth(int depth)
     return found != std::end(elementTypes) ? found : nullptr;
 }
 
-bool fitsMat(const SxPicBuf& picture)
-{
-    return picture.data != nullptr && picture.width <= INT_MAX && picture.height <= INT_MAX
-           && picture.channels >= 1 && picture.channels <= CV_CN_MAX;
-}
-
-/// A header over the picture's own memory.
-cv::Mat sharedMat(const SxPicBuf& picture, int type)
-{
-    return {static_cast<int>(picture.height), static_cast<int>(picture.width), type, picture.data,
-            picture.stride};
-}
-
 /// Integers that OpenCV has no type for, as doubles; nothing when one of them needs more digits
 /// than a double has.
 template<typename Integer>
@@ -89,7 +78,7 @@ cv::Mat exactDoubles(const SxPicBuf& picture)
 cv::Mat unpacked565(const SxPicBuf& picture)
 {
     cv::Mat bgr;
-    cv::cvtColor(sharedMat(picture, CV_8UC2), bgr, cv::COLOR_BGR5652BGR);
+    cv::cvtColor(matOver(picture, CV_8U, 2), bgr, cv::COLOR_BGR5652BGR);
     cv::Mat fullScale(1, 256, CV_8UC3);
     for (int value = 0; value < 256; ++value) {
         const auto fiveBits = static_cast<quint8>(value | value >> 5);
@@ -103,7 +92,7 @@ cv::Mat unpacked565(const SxPicBuf& picture)
 cv::Mat pixelsOf(const SxPicBuf& picture, const ElementType& element)
 {
     if (element.depth >= 0)
-        return sharedMat(picture, CV_MAKETYPE(element.depth, static_cast<int>(picture.channels)));
+        return matOver(picture, element.depth, static_cast<int>(picture.channels));
     switch (picture.dataType) {
     case ExImageDataType::UInt32:
         return exactDoubles<quint32>(picture);
@@ -141,7 +130,7 @@ QString describePixels(const SxPicBufInfo& info)
 PictureValues valuesOf(const SxPicBuf& picture)
 {
     PictureValues values;
-    if (!fitsMat(picture))
+    if (!hasPixels(picture) || !fitsMat(picture) || picture.channels > CV_CN_MAX)
         return values;
     if (picture.dataType == ExImageDataType::Packed565) {
         values = {.pixels = unpacked565(picture), .bpc = 8, .valueBytes = 1, .isUnsigned = true};
@@ -165,7 +154,7 @@ bool storePixels(const cv::Mat& pixels, SxPicBuf& picture)
     CxPicBufAPI::AllocPicBufFromHeap(picture, infoFor(pixels, *element), false, 0);
     if (picture.data == nullptr)
         return false;
-    cv::Mat target = sharedMat(picture, pixels.type());
+    cv::Mat target = matOver(picture, pixels.depth(), pixels.channels());
     pixels.copyTo(target);
     CxPicBufAPI::SwapRedAndBlue(picture); // marks it as red first; leaves other pictures alone
     if (element->isFloat)

@@ -32,19 +32,19 @@ void* withHugePages(void* block, std::size_t bytes)
 
 /// Clears by calloc, which gets large blocks from the system already zeroed: they cost nothing
 /// until they are written to.
-void* allocateCleared(std::size_t bytes, std::size_t alignment)
+void* allocate(std::size_t bytes, std::size_t alignment, bool cleared)
 {
     if (alignment <= alignof(std::max_align_t))
-        return withHugePages(std::calloc(1, bytes), bytes);
+        return withHugePages(cleared ? std::calloc(1, bytes) : std::malloc(bytes), bytes);
     // aligned_alloc wants a multiple of the alignment.
     const std::size_t rounded = (bytes + alignment - 1) / alignment * alignment;
     void* const block = rounded >= bytes ? std::aligned_alloc(alignment, rounded) : nullptr;
-    if (block != nullptr)
+    if (block != nullptr && cleared)
         std::memset(block, 0, bytes);
     return block;
 }
 
-std::atomic<vistrel::PicBufAllocator> currentAllocator{&allocateCleared};
+std::atomic<vistrel::PicBufAllocator> currentAllocator{&allocate};
 
 constexpr quint64 largestStride = std::numeric_limits<quint32>::max();
 constexpr quint64 largestBlock = std::numeric_limits<std::ptrdiff_t>::max();
@@ -71,6 +71,14 @@ std::optional<quint32> strideFor(const SxPicBufInfo& info)
     if (rounded > largestStride)
         return std::nullopt;
     return static_cast<quint32>(rounded);
+}
+
+/// What lies between the lines is nobody's to write, but leaves with a copy of all bytes.
+void clearPadding(const SxPicBuf& buffer, std::size_t line)
+{
+    if (buffer.stride > line)
+        for (std::size_t y = 0; y < buffer.height; ++y)
+            std::memset(buffer.data + y * buffer.stride + line, 0, buffer.stride - line);
 }
 
 bool samePixels(const SxPicBufInfo& a, const SxPicBufInfo& b)
@@ -126,7 +134,7 @@ void swapFirstAndThird(SxPicBuf& buffer)
 
 vistrel::PicBufAllocator vistrel::setPicBufAllocator(PicBufAllocator allocator)
 {
-    return currentAllocator.exchange(allocator != nullptr ? allocator : &allocateCleared);
+    return currentAllocator.exchange(allocator != nullptr ? allocator : &allocate);
 }
 
 void CxPicBufAPI::AllocPicBufFromHeap(SxPicBuf& buffer, unsigned width, unsigned height,
@@ -149,7 +157,7 @@ void CxPicBufAPI::AllocPicBufFromHeap(SxPicBuf& buffer, unsigned width, unsigned
     AllocPicBufFromHeap(buffer, info, zeroed, alignment);
 }
 
-void CxPicBufAPI::AllocPicBufFromHeap(SxPicBuf& buffer, const SxPicBufInfo& info, bool /*zeroed*/,
+void CxPicBufAPI::AllocPicBufFromHeap(SxPicBuf& buffer, const SxPicBufInfo& info, bool zeroed,
                                       unsigned long alignment)
 {
     const SxPicBufInfo geometry = info; // `info` may be the very record that is filled here
@@ -163,9 +171,11 @@ void CxPicBufAPI::AllocPicBufFromHeap(SxPicBuf& buffer, const SxPicBufInfo& info
     if (bytes > largestBlock)
         return;
     buffer.stride = *stride;
-    buffer.allocation = currentAllocator.load()(bytes, alignment);
+    buffer.allocation = currentAllocator.load()(bytes, alignment, zeroed);
     buffer.data = static_cast<quint8*>(buffer.allocation);
     buffer.allocatedBytes = buffer.allocation != nullptr ? bytes : 0;
+    if (buffer.data != nullptr && !zeroed)
+        clearPadding(buffer, *lineBytes(geometry));
 }
 
 void CxPicBufAPI::FreePicBuf(SxPicBuf& buffer, bool resetInfo)

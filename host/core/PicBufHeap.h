@@ -7,9 +7,10 @@
 
 namespace vistrel {
 
-/// Gives a block of cleared memory that std::free takes back, or null when there is none.
+/// Gives a block of memory that std::free takes back, or null when there is none.
 /// @param alignment  a power of two, or 0 for the heap's choice.
-using PicBufAllocator = void* (*)(std::size_t bytes, std::size_t alignment);
+/// @param cleared    whether all of it must be 0.
+using PicBufAllocator = void* (*)(std::size_t bytes, std::size_t alignment, bool cleared);
 
 /// Replaces the function that gives memory for pixels, so that a test can run out of it; null
 /// brings the heap back. Returns the function used until now. Any thread.

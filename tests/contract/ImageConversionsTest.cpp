@@ -5,6 +5,9 @@
 
 #include "core/PicBufHeap.h"
 
+#include <cstdlib>
+#include <cstring>
+
 namespace {
 
 /// Pictures with a value in each channel that tells its place.
@@ -86,7 +89,7 @@ TEST_F(ImageConversions, StrangersInThePlaceOfAnImageAreRefused)
 TEST_F(ImageConversions, EveryNewPictureNeedsMemory)
 {
     run((std::string(prelude) + "import emb\nemb.kept = flat(1)").c_str());
-    vistrel::setPicBufAllocator([](std::size_t, std::size_t) -> void* { return nullptr; });
+    vistrel::setPicBufAllocator([](std::size_t, std::size_t, bool) -> void* { return nullptr; });
     for (const char* call :
          {"to_rgb()", "extract_channel(0)", "convert_bpc(8)", "crop(0, 0, 1, 1)", "resize(1, 1)"})
         EXPECT_EQ(error(("import emb\nemb.kept." + std::string(call)).c_str()), outOfMemory)
@@ -183,6 +186,28 @@ TEST_F(ImageConversions, CropGivesARectangleOfTheSameType)
     EXPECT_EQ(valueOf("rows(made(6, 5).crop(2, 1, 3, 2))"),
               QStringLiteral("[[12, 13, 14], [22, 23, 24]]"));
     EXPECT_EQ(valueOf("rows(made(6, 5, 1, 12).crop(4, 4, 1, 1))"), QStringLiteral("[[44]]"));
+}
+
+/// Memory that has been used before, as a program's memory is after a while.
+void* allocateUsed(std::size_t bytes, std::size_t, bool cleared)
+{
+    void* const block = std::malloc(bytes);
+    if (block != nullptr)
+        std::memset(block, cleared ? 0 : 0xEE, bytes);
+    return block;
+}
+
+TEST_F(ImageConversions, WhatTheHostDoesNotWriteIsBlack)
+{
+    run("pass");
+    vistrel::setPicBufAllocator(&allocateUsed);
+    EXPECT_EQ(valueOf("rows(made(3, 2).crop(2, 1, 3, 2))"),
+              QStringLiteral("[[12, 0, 0], [0, 0, 0]]"));
+    EXPECT_EQ(valueOf("set(bytes(flat(9).crop(100, 100, 4, 4)))"), QStringLiteral("{0}"));
+    EXPECT_EQ(valueOf("set(bytes(flat(9).resize(4, 4, 100, 100, 1, 1)))"), QStringLiteral("{0}"));
+    EXPECT_EQ(valueOf("set(bytes(flat(9).resize(5, 5, -1, -1, 0, 0))) - {9, 0}"),
+              QStringLiteral("set()"));
+    vistrel::setPicBufAllocator(nullptr);
 }
 
 TEST_F(ImageConversions, WhatLiesOutsideTheSourceStaysBlackInACrop)

@@ -153,7 +153,7 @@ TEST_F(ImageImport, AFailedAllocationIsLoggedWithTheGeometry)
 TEST_F(ImageImport, WithoutMemoryArraysAndListsAreRefused)
 {
     EXPECT_EQ(run("i = vistrel.Image()\ni.alloc(5, 4, 1, 8)\nimport emb\nemb.kept = i"), QString());
-    vistrel::setPicBufAllocator([](std::size_t, std::size_t) -> void* { return nullptr; });
+    vistrel::setPicBufAllocator([](std::size_t, std::size_t, bool) -> void* { return nullptr; });
     EXPECT_EQ(error((std::string(prelude) + "import emb\nemb.kept.from_array(source())").c_str()),
               cannotAllocate);
     EXPECT_EQ(error("import emb\nemb.kept.from_array([[[1, 2, 3]] * 4])"), cannotAllocate);
@@ -170,7 +170,7 @@ int allocationsLeft = 0;
 TEST_F(ImageImport, WithoutMemoryForANarrowerCopyThePictureStaysWide)
 {
     run("pass");
-    vistrel::setPicBufAllocator([](std::size_t bytes, std::size_t) -> void* {
+    vistrel::setPicBufAllocator([](std::size_t bytes, std::size_t, bool) -> void* {
         return allocationsLeft-- > 0 ? std::calloc(1, bytes) : nullptr;
     });
     for (const char* type : {"<u2", "<i4", "<f8"}) {

@@ -131,7 +131,7 @@ TEST_F(ImageObject, AllocWithoutMemoryKeepsThePreviousImage)
 TEST_F(ImageObject, AFailingAllocatorIsRefusedEverywhere)
 {
     CxImageData& image = bind(makeImage(4, 3, 3, ExImageDataType::UInt8, 8));
-    vistrel::setPicBufAllocator([](std::size_t, std::size_t) -> void* { return nullptr; });
+    vistrel::setPicBufAllocator([](std::size_t, std::size_t, bool) -> void* { return nullptr; });
     EXPECT_EQ(allocError("4, 3, 1, 8"),
               QStringLiteral("Exception: cannot allocate new image, out of memory"));
     EXPECT_EQ(error("p.get_image_data_numpy()"),

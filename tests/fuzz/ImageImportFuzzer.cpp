@@ -22,7 +22,7 @@ using python::PyRef;
 namespace {
 
 /// Refuses large pictures: they take long and show nothing that small ones do not.
-void* allocateSmall(std::size_t bytes, std::size_t)
+void* allocateSmall(std::size_t bytes, std::size_t, bool)
 {
     return bytes <= (std::size_t{1} << 20) ? std::calloc(1, bytes) : nullptr;
 }

@@ -129,7 +129,7 @@ TEST_F(Hostile, TheSameOnAHostThatIsGone)
 
 int allocationsLeft = 0;
 
-void* allocateUntilNoneIsLeft(std::size_t bytes, std::size_t)
+void* allocateUntilNoneIsLeft(std::size_t bytes, std::size_t, bool)
 {
     return allocationsLeft-- > 0 ? std::calloc(1, bytes) : nullptr;
 }

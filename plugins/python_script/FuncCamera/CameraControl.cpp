@@ -22,6 +22,18 @@ bool setAcquisition(PyObject* self, bool start)
     return host_services::application().setCameraAcquisition(start, handle);
 }
 
+/// The camera's parameters, with the path that is the only argument; null with an error set.
+CxCameraParameters* parametersAndPath(PyObject* self, PyObject* args, QString& path)
+{
+    const char* text = nullptr;
+    if (!PyArg_ParseTuple(args, "s", &text))
+        return nullptr;
+    CxCameraParameters* const parameters = fx_pycam_parameters(fx_pycam_record(self));
+    if (parameters != nullptr)
+        path = host_services::resolvedPath(text);
+    return parameters;
+}
+
 } // namespace
 
 PyObject* fx_pycam_GetDeviceInfoString(PyObject* self, PyObject* args)
@@ -78,26 +90,21 @@ PyObject* fx_pycam_StopAcquisition(PyObject* self, PyObject*)
 
 PyObject* fx_pycam_SaveSettingsToFile(PyObject* self, PyObject* args)
 {
-    const char* path = nullptr;
-    if (!PyArg_ParseTuple(args, "s", &path))
-        return nullptr;
-    CxCameraParameters* parameters = fx_pycam_parameters(fx_pycam_record(self));
+    QString path;
+    CxCameraParameters* parameters = parametersAndPath(self, args, path);
     if (parameters == nullptr)
         return nullptr;
-    parameters->saveParamValuesToFile(host_services::resolvedPath(path), allParameters);
+    parameters->saveParamValuesToFile(path, allParameters);
     return python::newNone();
 }
 
 PyObject* fx_pycam_LoadSettingsFromFile(PyObject* self, PyObject* args)
 {
-    const char* path = nullptr;
-    if (!PyArg_ParseTuple(args, "s", &path))
-        return nullptr;
-    CxCameraParameters* parameters = fx_pycam_parameters(fx_pycam_record(self));
+    QString path;
+    CxCameraParameters* parameters = parametersAndPath(self, args, path);
     if (parameters == nullptr)
         return nullptr;
     // No list for the lines about values that could not be set: the host writes them to its log.
-    parameters->loadParamValuesFromFile(host_services::resolvedPath(path), allParameters, nullptr,
-                                        true);
+    parameters->loadParamValuesFromFile(path, allParameters, nullptr, true);
     return python::newNone();
 }

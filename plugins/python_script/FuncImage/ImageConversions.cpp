@@ -8,6 +8,7 @@
 #include <CxImageData.h>
 #include <CxPicBufAPI.h>
 
+#include <cstring>
 #include <limits>
 
 namespace image_conversions {
@@ -17,7 +18,10 @@ namespace {
 constexpr char valuesOverMaxBpc[] = "new image contained values over max bpc";
 constexpr quint32 largestSize = std::numeric_limits<int>::max();
 
-/// A picture of that geometry, filled by `operation`, which returns false to give it up.
+void blacken(SxPicBuf& picture) { std::memset(picture.data, 0, picture.dataSize()); }
+
+/// A picture of that geometry, filled by `operation`, which returns false to give it up. Its
+/// pixels are whatever the memory held until they are written.
 template<class Operation>
 NewImage madeBy(SxPicBufInfo info, const char* refusal, Operation operation)
 {
@@ -36,14 +40,21 @@ NewImage madeBy(SxPicBufInfo info, const char* refusal, Operation operation)
     return image_copies::imageAround(target);
 }
 
-/// The same for operations of the host whose result is not looked at.
+/// The same for operations that refuse by a black picture.
 template<class Operation>
 NewImage madeBy(const SxPicBufInfo& info, Operation operation)
 {
     return madeBy(info, nullptr, [&operation](SxPicBuf& target) {
-        operation(target);
+        if (!operation(target))
+            blacken(target);
         return true;
     });
+}
+
+bool isWithin(const SxPicBufInfo& picture, qint64 x, qint64 y, qint64 w, qint64 h)
+{
+    return x >= 0 && y >= 0 && w >= 0 && h >= 0 && x + w <= picture.width
+           && y + h <= picture.height;
 }
 
 SxPicBufInfo withSize(const SxPicBufInfo& source, int width, int height)
@@ -66,7 +77,8 @@ NewImage toRgb(const SxPicBuf& source)
     info.dataType = ExImageDataType::UInt8;
     info.storageFormat = ExDataStorageFormat::Interleaved;
     info.isRgb = true;
-    return madeBy(info, [&](SxPicBuf& target) { CxPicBufAPI::ConvertPicToRGB(source, target); });
+    return madeBy(info,
+                  [&](SxPicBuf& target) { return CxPicBufAPI::ConvertPicToRGB(source, target); });
 }
 
 NewImage channelOf(const SxPicBuf& source, int channel)
@@ -77,7 +89,7 @@ NewImage channelOf(const SxPicBuf& source, int channel)
     info.channels = 1;
     info.isRgb = false;
     return madeBy(info, [&](SxPicBuf& target) {
-        CxPicBufAPI::ExtractChannel(source, target, static_cast<unsigned>(channel));
+        return CxPicBufAPI::ExtractChannel(source, target, static_cast<unsigned>(channel));
     });
 }
 
@@ -90,7 +102,8 @@ NewImage withBpc(const SxPicBuf& source, int bpc, bool scale)
     info.dataType = *type;
     info.bpc = static_cast<quint32>(bpc);
     return madeBy(info, valuesOverMaxBpc, [&](SxPicBuf& target) {
-        CxPicBufAPI::ConvertPicToDifBpc(source, target, scale);
+        if (!CxPicBufAPI::ConvertPicToDifBpc(source, target, scale))
+            blacken(target);
         return CxPicBufAPI::CheckPicValidData(target);
     });
 }
@@ -98,7 +111,9 @@ NewImage withBpc(const SxPicBuf& source, int bpc, bool scale)
 NewImage cropped(const SxPicBuf& source, int x, int y, int w, int h)
 {
     return madeBy(withSize(source, w, h), [&](SxPicBuf& target) {
-        CxPicBufAPI::CopyRect(target, 0, 0, source, x, y, w, h);
+        if (!isWithin(source, x, y, w, h)) // a part of the new picture is not written to
+            blacken(target);
+        return CxPicBufAPI::CopyRect(target, 0, 0, source, x, y, w, h);
     });
 }
 
@@ -107,7 +122,10 @@ NewImage resized(const SxPicBuf& source, int newWidth, int newHeight, int x, int
     const int sourceW = w != 0 ? w : static_cast<int>(source.width);
     const int sourceH = h != 0 ? h : static_cast<int>(source.height);
     return madeBy(withSize(source, newWidth, newHeight), [&](SxPicBuf& target) {
-        CxPicBufAPI::ResizeRect(source, x, y, sourceW, sourceH, target, 0, 0, newWidth, newHeight);
+        if (!isWithin(source, x, y, sourceW, sourceH))
+            blacken(target);
+        return CxPicBufAPI::ResizeRect(source, x, y, sourceW, sourceH, target, 0, 0, newWidth,
+                                       newHeight);
     });
 }
 

@@ -98,7 +98,7 @@ public:
     NoPictureMemory& operator=(const NoPictureMemory&) = delete;
 
 private:
-    static void* refuse(std::size_t, std::size_t) { return nullptr; }
+    static void* refuse(std::size_t, std::size_t, bool) { return nullptr; }
     PicBufAllocator m_previous;
 };
 

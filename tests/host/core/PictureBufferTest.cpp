@@ -6,6 +6,8 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <cstdlib>
+#include <cstring>
 
 namespace {
 
@@ -87,14 +89,14 @@ TEST(PictureBuffer, AllocationFillsTheWholeRecord)
     CxPicBufAPI::FreePicBuf(buffer, true);
 }
 
-TEST(PictureBuffer, NewMemoryIsClearedWhetherAskedForOrNot)
+TEST(PictureBuffer, NewMemoryIsClearedWhenAskedFor)
 {
     SxPicBufInfo info;
     info.width = info.height = 300;
     info.channels = 1;
     for (int round = 0; round < 3; ++round) {
         SxPicBuf buffer;
-        CxPicBufAPI::AllocPicBufFromHeap(buffer, info, false, 0);
+        CxPicBufAPI::AllocPicBufFromHeap(buffer, info, true, 0);
         ASSERT_NE(buffer.data, nullptr);
         forEachValue<quint8>(buffer, [](quint8& value) {
             ASSERT_EQ(value, 0);
@@ -102,6 +104,30 @@ TEST(PictureBuffer, NewMemoryIsClearedWhetherAskedForOrNot)
         });
         CxPicBufAPI::FreePicBuf(buffer, false);
     }
+}
+
+void* allocateUsed(std::size_t bytes, std::size_t, bool cleared)
+{
+    void* const block = std::malloc(bytes);
+    if (block != nullptr)
+        std::memset(block, cleared ? 0 : 0xFF, bytes);
+    return block;
+}
+
+TEST(PictureBuffer, BetweenTheLinesMemoryIsAlwaysCleared)
+{
+    const vistrel::PicBufAllocator previous = vistrel::setPicBufAllocator(&allocateUsed);
+    SxPicBufInfo info;
+    info.width = 5;
+    info.height = 3;
+    info.stride = 12;
+    info.channels = 1;
+    SxPicBuf buffer;
+    CxPicBufAPI::AllocPicBufFromHeap(buffer, info, false, 0);
+    vistrel::setPicBufAllocator(previous);
+    const QByteArray line = QByteArray(5, '\xFF') + QByteArray(7, '\0');
+    EXPECT_EQ(QByteArray(reinterpret_cast<const char*>(buffer.data), 36), line.repeated(3));
+    CxPicBufAPI::FreePicBuf(buffer, true);
 }
 
 TEST(PictureBuffer, AGivenStrideIsTakenWhenItHoldsALine)
