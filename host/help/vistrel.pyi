@@ -11,11 +11,13 @@
 # - the doc text starts with one sentence on one line. "Args:" lists every
 #   parameter in order as "name: meaning, unit"; "Returns:" stands when there is
 #   a result. Types are not written there: they come from the annotations;
+# - the doc text ends with "Example:", a few lines that go on from those at the
+#   end of the module's text; a test runs them;
 # - no quotation runs over the end of a line, so that the messages quoted under
 #   "Raises:" can be searched for;
 # - no line is longer than 80 columns, no text longer than 4000 characters.
-# An attribute is `name: Final[type]`, followed by its doc text. A new class
-# needs its host name in HELP_TYPES of generate_help.py.
+# An attribute is `name: Final[type]`, followed by its doc text and example. A
+# new class needs its host name in HELP_TYPES of generate_help.py.
 """The host application's views, images and cameras, for scripts.
 
 The module is built in: it exists only in scripts that the host runs. Besides
@@ -27,6 +29,19 @@ OverflowError). Errors of the host are plain Exception objects with the
 messages quoted below. Some failures have no message: Python then reports
 SystemError, "returned NULL without setting an exception" ("an error" in the
 place of "an exception" before Python 3.10).
+
+All examples go on from these lines:
+
+    import numpy
+    import vistrel
+
+    camera = vistrel.Camera()
+    camera.open_device()
+    view = camera.start_acquisition()
+    vistrel.wait_for_next_frame(5.0, view)
+    image = vistrel.get_view_image(view)
+    graph = vistrel.Graph()
+    series = graph.add_series()
 """
 
 from typing import TYPE_CHECKING, Any, Callable, Final, final
@@ -38,6 +53,9 @@ def get_number_devices() -> int:
 
     Returns:
         the number of cameras, also those that no Camera object is bound to.
+
+    Example:
+        print(vistrel.get_number_devices(), "cameras are open")
     """
 
 def open_file(path: str, /) -> int:
@@ -55,6 +73,10 @@ def open_file(path: str, /) -> int:
             "vistrel.open_file: running GUI function from non-main thread"
         SystemError: "returned NULL without setting an exception" when the
             host cannot open the file; the error log says why.
+
+    Example:
+        image.save_to_file("part.png")
+        view = vistrel.open_file("part.png")
     """
 
 def save_to_file(path: str, /) -> None:
@@ -72,6 +94,9 @@ def save_to_file(path: str, /) -> None:
         SystemError: "returned NULL without setting an exception" when no view
             is active, the active view shows no image, or no format goes by
             the name's ending.
+
+    Example:
+        vistrel.save_to_file("shown.png")
     """
 
 def duplicate_view(view_id: int = -1, /) -> int:
@@ -86,6 +111,9 @@ def duplicate_view(view_id: int = -1, /) -> int:
 
     Raises:
         Exception: "running GUI function from non-main thread"
+
+    Example:
+        still = vistrel.duplicate_view(view)  # keeps this frame
     """
 
 def get_active_view_id() -> int:
@@ -96,6 +124,10 @@ def get_active_view_id() -> int:
 
     Raises:
         Exception: "running GUI function from non-main thread"
+
+    Example:
+        if vistrel.get_active_view_id() == -1:
+            raise SystemExit("open a picture first")
     """
 
 def activate_view(view_id: int = -1, /) -> None:
@@ -106,6 +138,9 @@ def activate_view(view_id: int = -1, /) -> None:
 
     Raises:
         Exception: "running GUI function from non-main thread"
+
+    Example:
+        vistrel.activate_view(view)
     """
 
 def close_view(view_id: int = -1, /) -> None:
@@ -117,6 +152,10 @@ def close_view(view_id: int = -1, /) -> None:
 
     Raises:
         Exception: "running GUI function from non-main thread"
+
+    Example:
+        shown = vistrel.new_view_with_image(image)
+        vistrel.close_view(shown)
     """
 
 def tile_views() -> None:
@@ -124,6 +163,10 @@ def tile_views() -> None:
 
     Raises:
         Exception: "running GUI function from non-main thread"
+
+    Example:
+        vistrel.new_view_with_image(image)
+        vistrel.tile_views()
     """
 
 def switch_full_screen(on: bool, /) -> None:
@@ -135,6 +178,10 @@ def switch_full_screen(on: bool, /) -> None:
 
     Raises:
         Exception: "running GUI function from non-main thread"
+
+    Example:
+        vistrel.switch_full_screen(True)
+        vistrel.switch_full_screen(False)
     """
 
 def add_chain_object(name: str, conf: dict[str, Any] = {}, /) -> None:
@@ -143,8 +190,6 @@ def add_chain_object(name: str, conf: dict[str, Any] = {}, /) -> None:
     The element comes directly in front of the view: it gets each frame after
     the elements that were put in before it. A running stream is stopped
     meanwhile and goes on.
-
-        vistrel.add_chain_object("Gaussian Blur", {"sigma": 2.5})
 
     The elements, what their settings may be, and the defaults in brackets:
 
@@ -191,6 +236,9 @@ def add_chain_object(name: str, conf: dict[str, Any] = {}, /) -> None:
             view has no chain; "returned a result with an exception set" when
             a key of conf is no text, or a value cannot be converted: the
             element is put in without that setting.
+
+    Example:
+        vistrel.add_chain_object("Gaussian Blur", {"sigma": 2.5})
     """
 
 def wait_for_next_frame(timeout: float = -1.0, view_id: int = -1, /) -> bool:
@@ -211,6 +259,10 @@ def wait_for_next_frame(timeout: float = -1.0, view_id: int = -1, /) -> bool:
     Raises:
         Exception: "running GUI function from non-main thread"
         Exception: "vistrel.WaitForNextFrame: view not found"
+
+    Example:
+        if not vistrel.wait_for_next_frame(5.0, view):
+            raise Exception("no frame came within 5 seconds")
     """
 
 def wait(seconds: float, /) -> None:
@@ -223,6 +275,9 @@ def wait(seconds: float, /) -> None:
 
     Raises:
         Exception: "running GUI function from non-main thread"
+
+    Example:
+        vistrel.wait(0.2)  # the view goes on showing frames
     """
 
 def get_view_image(view_id: int = -1, /) -> Image:
@@ -240,6 +295,10 @@ def get_view_image(view_id: int = -1, /) -> Image:
     Raises:
         Exception: "no view or view contains no image"
         Exception: "cannot allocate new image, out of memory"
+
+    Example:
+        image = vistrel.get_view_image(view)
+        print(image.width, "x", image.height)
     """
 
 def set_view_image(image: Image, view_id: int = -1, /) -> None:
@@ -258,6 +317,11 @@ def set_view_image(image: Image, view_id: int = -1, /) -> None:
         Exception: "cannot allocate new image, out of memory"
         SystemError: "returned NULL without setting an exception" when the
             image is empty.
+
+    Example:
+        shown = vistrel.new_view_with_image(image)
+        image.divide_by_value(2)
+        vistrel.set_view_image(image, shown)
     """
 
 def new_view_with_image(
@@ -280,6 +344,9 @@ def new_view_with_image(
         Exception: "cannot allocate new image, out of memory"
         SystemError: "returned NULL without setting an exception" when the
             image is empty.
+
+    Example:
+        shown = vistrel.new_view_with_image(image, "Part 4711")
     """
 
 def record_video_to_file(path: str, view_id: int = -1, /) -> bool:
@@ -295,10 +362,6 @@ def record_video_to_file(path: str, view_id: int = -1, /) -> bool:
     The film ends with stop_video_recording(), when the view or the application
     is closed, and when the disk is full. It can be played afterwards.
 
-        if vistrel.record_video_to_file("run.avi"):
-            vistrel.wait(10.0)
-            vistrel.stop_video_recording()
-
     Args:
         path: the film: .avi for Motion JPEG, .mp4 for MPEG-4; there are no
             others. Missing folders are made, an existing file is replaced.
@@ -311,6 +374,11 @@ def record_video_to_file(path: str, view_id: int = -1, /) -> bool:
 
     Raises:
         Exception: "running GUI function from non-main thread"
+
+    Example:
+        if vistrel.record_video_to_file("run.avi", view):
+            vistrel.wait(1.0)
+            vistrel.stop_video_recording(view)
     """
 
 def stop_video_recording(view_id: int = -1, /) -> None:
@@ -323,6 +391,12 @@ def stop_video_recording(view_id: int = -1, /) -> None:
 
     Raises:
         Exception: "running GUI function from non-main thread"
+
+    Example:
+        vistrel.record_video_to_file("frames.avi", view)
+        for _ in range(10):
+            vistrel.wait_for_next_frame(5.0, view)
+        vistrel.stop_video_recording(view)
     """
 
 def message_box(
@@ -337,9 +411,6 @@ def message_box(
 
     A box with one choice has the button OK: button1 only shows when button2
     is given too.
-
-        if vistrel.message_box("Part", "Is it in place?", "Yes", "No") == 1:
-            ...
 
     Args:
         title: title of the window.
@@ -357,6 +428,10 @@ def message_box(
     Raises:
         Exception: "running GUI function from non-main thread"
         Exception: "the host has no user interface"
+
+    Example:
+        if vistrel.message_box("Part", "Is it in place?", "Yes", "No") != 1:
+            raise SystemExit("put the part in place first")
     """
 
 def show_notification(text: str, /) -> None:
@@ -367,6 +442,9 @@ def show_notification(text: str, /) -> None:
 
     Raises:
         Exception: "running GUI function from non-main thread"
+
+    Example:
+        vistrel.show_notification("12 parts measured")
     """
 
 def print_to_error_log(text: str, /) -> None:
@@ -376,12 +454,13 @@ def print_to_error_log(text: str, /) -> None:
 
     Args:
         text: the message.
+
+    Example:
+        vistrel.print_to_error_log("part 4711 was measured twice")
     """
 
 def ask_user_for_string(title: str, label: str, /) -> str:
     """Ask the user for a line of text and wait for the answer.
-
-        part = vistrel.ask_user_for_string("Measure", "Part number:")
 
     Args:
         title: title of the window.
@@ -393,6 +472,11 @@ def ask_user_for_string(title: str, label: str, /) -> str:
     Raises:
         Exception: "running GUI function from non-main thread"
         Exception: "the host has no user interface"
+
+    Example:
+        part = vistrel.ask_user_for_string("Measure", "Part number:")
+        if not part:
+            raise SystemExit("no part number was entered")
     """
 
 def add_menu_item(
@@ -402,8 +486,6 @@ def add_menu_item(
 
     The entry stays until the host ends. It does not replace an older one of
     the same title.
-
-        vistrel.add_menu_item("Measure part", "measure.py", "Tools")
 
     Args:
         title: text of the entry.
@@ -419,6 +501,9 @@ def add_menu_item(
         Exception: "running GUI function from non-main thread"
         SystemError: "returned NULL without setting an exception" when the
             host has no script menu.
+
+    Example:
+        vistrel.add_menu_item("Measure part", "measure.py", "Tools")
     """
 
 def run_script(path: str, /) -> None:
@@ -436,6 +521,12 @@ def run_script(path: str, /) -> None:
     Raises:
         Exception: "given script file can't be opened."
         RecursionError: when scripts run each other too deep.
+
+    Example:
+        with open("limits.py", "w") as file:
+            file.write("lowest = 20")
+        vistrel.run_script("limits.py")
+        print(lowest)  # a name of the other script
     """
 
 def get_working_directory() -> str:
@@ -445,6 +536,10 @@ def get_working_directory() -> str:
 
     Returns:
         its absolute path.
+
+    Example:
+        import os
+        print(os.listdir(vistrel.get_working_directory()))
     """
 
 def play_sound(path: str, /) -> None:
@@ -455,6 +550,9 @@ def play_sound(path: str, /) -> None:
 
     Args:
         path: the sound; resolved like that of open_file().
+
+    Example:
+        vistrel.play_sound("ready.wav")
     """
 
 def set_global_variable_img(name: str, image: Image, /) -> None:
@@ -476,6 +574,9 @@ def set_global_variable_img(name: str, image: Image, /) -> None:
 
     Raises:
         Exception: "the object passed is not a vistrel.Image"
+
+    Example:
+        vistrel.set_global_variable_img("reference", image)
     """
 
 def get_global_variable_img(name: str, /) -> Image | None:
@@ -493,6 +594,11 @@ def get_global_variable_img(name: str, /) -> Image | None:
 
     Returns:
         the stored image, or None when there is none.
+
+    Example:
+        reference = vistrel.get_global_variable_img("reference")
+        if reference is not None:
+            image.subtract(reference)
     """
 
 def set_global_variable_int(name: str, value: int, /) -> None:
@@ -500,13 +606,14 @@ def set_global_variable_int(name: str, value: int, /) -> None:
 
     May be called on any thread.
 
-        runs = max(vistrel.get_global_variable_int("runs"), 0)
-        vistrel.set_global_variable_int("runs", runs + 1)
-
     Args:
         name: name of the variable; upper and lower case differ. Under an
             empty name nothing is stored.
         value: a number of 32 bits, with sign.
+
+    Example:
+        runs = max(vistrel.get_global_variable_int("runs"), 0)
+        vistrel.set_global_variable_int("runs", runs + 1)
     """
 
 def get_global_variable_int(name: str, /) -> int:
@@ -519,6 +626,10 @@ def get_global_variable_int(name: str, /) -> int:
 
     Returns:
         the number, or -1 when there is none.
+
+    Example:
+        if vistrel.get_global_variable_int("runs") == -1:
+            print("this is the first run")
     """
 
 def set_global_variable_string(name: str, value: str, /) -> None:
@@ -530,6 +641,9 @@ def set_global_variable_string(name: str, value: str, /) -> None:
         name: name of the variable; upper and lower case differ. Under an
             empty name nothing is stored.
         value: the text.
+
+    Example:
+        vistrel.set_global_variable_string("operator", "Kim")
     """
 
 def get_global_variable_string(name: str, /) -> str:
@@ -542,6 +656,9 @@ def get_global_variable_string(name: str, /) -> str:
 
     Returns:
         the text; empty when there is none.
+
+    Example:
+        print(vistrel.get_global_variable_string("operator") or "nobody")
     """
 
 @final
@@ -588,6 +705,11 @@ class Camera:
 
         Raises:
             Exception: "Camera not available"
+
+        Example:
+            camera = vistrel.Camera()
+            camera.open_device()
+            print(camera)
         """
 
     def open_device_by_user_id(self, user_id: str, /) -> None:
@@ -602,6 +724,12 @@ class Camera:
 
         Raises:
             Exception: "Camera not found"
+
+        Example:
+            try:
+                camera.open_device_by_user_id("top view")
+            except Exception:
+                camera.open_device(0)
         """
 
     def open_device_by_SN(self, sn: str, /) -> None:
@@ -614,6 +742,11 @@ class Camera:
 
         Raises:
             Exception: "Camera not found"
+
+        Example:
+            serial = camera.get_device_info_string("device_sn")
+            again = vistrel.Camera()
+            again.open_device_by_SN(serial)
         """
 
     def open_device_by_path(self, path: str, /) -> None:
@@ -627,6 +760,11 @@ class Camera:
 
         Raises:
             Exception: "Camera not found"
+
+        Example:
+            place = camera.get_device_info_string("device_inst_path")
+            again = vistrel.Camera()
+            again.open_device_by_path(place)
         """
 
     def close_device(self) -> None:
@@ -634,12 +772,14 @@ class Camera:
 
         The camera stays open in the host. An object that is bound to no
         camera may be closed too.
+
+        Example:
+            camera.close_device()
+            print(camera)  # camera(disconnected)
         """
 
     def get_device_info_string(self, key: str, /) -> str:
         """Get a text that says who the camera is.
-
-        Example: camera.get_device_info_string("device_sn").
 
         Args:
             key: one of "device_name", "device_sn" (serial number),
@@ -653,12 +793,13 @@ class Camera:
         Raises:
             SystemError: "returned NULL without setting an exception" when the
                 object is bound to no open camera.
+
+        Example:
+            print(camera.get_device_info_string("device_sn"))
         """
 
     def set_param(self, name: str, value: int | float | str, /) -> int:
         """Set a parameter of the camera.
-
-        Example: camera.set_param("exposure_time_us", 10_000).
 
         Each parameter that has a constant is also an attribute that is
         called; for a parameter "p":
@@ -667,8 +808,7 @@ class Camera:
             enable_p()    set it to True
             disable_p()   set it to False
 
-        So camera.set_exposure_time_us(10_000) does the same as above. A
-        refused type or number is a SystemError there, with what is told below
+        A refused type or number is a SystemError there, with what is told below
         as its __cause__; on an object that is bound to no open camera nothing
         happens and the result is None.
 
@@ -698,12 +838,15 @@ class Camera:
             OverflowError: an int of more than 64 bits.
             SystemError: "returned NULL without setting an exception" when the
                 object is bound to no open camera.
+
+        Example:
+            if camera.set_param("exposure_time_us", 10_000) != 0:
+                raise Exception("the camera does not take it")
+            camera.set_exposure_time_us(10_000)  # the same as an attribute
         """
 
     def get_param(self, name: str, /) -> int | float | bool | str | None:
         """Get a parameter of the camera, its limits or its increment.
-
-        Example: camera.get_param("gain_db"), camera.get_param("gain_db:max").
 
         Each parameter that has a constant is also an attribute that is
         called; for a parameter "p":
@@ -713,10 +856,9 @@ class Camera:
             get_p_maximum()    its greatest value
             get_p_increment()  the step between its values
 
-        So camera.get_gain_db_maximum() does the same as above. A parameter
-        that the camera lacks is a SystemError there, with the Exception below
-        as its __cause__; on an object that is bound to no open camera the
-        result is None.
+        A parameter that the camera lacks is a SystemError there, with the
+        Exception below as its __cause__; on an object that is bound to no open
+        camera the result is None.
 
         Besides parameters there are texts that say who the camera is:
         "device_sn", "device_inst_path", "device_type", "device_name" and
@@ -741,6 +883,10 @@ class Camera:
             Exception: "Parameter not supported by the camera."
             SystemError: "returned NULL without setting an exception" when the
                 object is bound to no open camera.
+
+        Example:
+            print(camera.get_param("exposure_time_us:max"))
+            print(camera.get_exposure_time_us_maximum())  # the same
         """
 
     def set_roi(self, x: int, y: int, width: int, height: int, /) -> None:
@@ -751,8 +897,6 @@ class Camera:
         region that reaches past the sensor changes nothing; the error log
         says so. A running stream goes on with the new region.
 
-        Example: camera.set_roi(*roi) puts back what get_roi() returned.
-
         Args:
             x: left edge, in pixels of the sensor.
             y: upper edge, in pixels of the sensor.
@@ -762,12 +906,15 @@ class Camera:
         Raises:
             SystemError: "returned NULL without setting an exception" when the
                 object is bound to no open camera.
+
+        Example:
+            roi = camera.get_roi()
+            camera.set_roi(0, 0, 256, 256)
+            camera.set_roi(*roi)  # as it was
         """
 
     def get_roi(self) -> tuple[int, int, int, int]:
         """Get the region of interest: the part of the sensor that is read.
-
-        Example: x, y, width, height = camera.get_roi().
 
         Returns:
             x, y, width and height, in pixels of the sensor.
@@ -775,6 +922,9 @@ class Camera:
         Raises:
             SystemError: "returned NULL without setting an exception" when the
                 object is bound to no open camera.
+
+        Example:
+            x, y, width, height = camera.get_roi()
         """
 
     def start_acquisition(self) -> int:
@@ -786,6 +936,11 @@ class Camera:
         Returns:
             the id of the view, or -1 when the camera does not start or the
             object is bound to no open camera.
+
+        Example:
+            view = camera.start_acquisition()
+            if vistrel.wait_for_next_frame(5.0, view):
+                image = vistrel.get_view_image(view)
         """
 
     def stop_acquisition(self) -> None:
@@ -793,6 +948,10 @@ class Camera:
 
         The view stays open on the last frame. Nothing happens when the camera
         does not stream or the object is bound to no open camera.
+
+        Example:
+            camera.stop_acquisition()
+            image = vistrel.get_view_image(view)  # the last frame
         """
 
     def save_settings_to_file(self, path: str, /) -> None:
@@ -808,6 +967,9 @@ class Camera:
         Raises:
             SystemError: "returned NULL without setting an exception" when the
                 object is bound to no open camera.
+
+        Example:
+            camera.save_settings_to_file("settings.json")
         """
 
     def load_settings_from_file(self, path: str, /) -> None:
@@ -823,6 +985,11 @@ class Camera:
         Raises:
             SystemError: "returned NULL without setting an exception" when the
                 object is bound to no open camera.
+
+        Example:
+            camera.save_settings_to_file("before.json")
+            camera.set_exposure_time_us(500)
+            camera.load_settings_from_file("before.json")
         """
 
     def ask_user_capture_image(
@@ -844,6 +1011,11 @@ class Camera:
         Returns:
             the id of the new view, or -1 when the user cancelled or no image
             could be taken.
+
+        Example:
+            taken = camera.ask_user_capture_image("Part", "Put it in place.")
+            if taken != -1:
+                image = vistrel.get_view_image(taken)
         """
 
     def restart_with_default_settings(self) -> bool:
@@ -858,6 +1030,10 @@ class Camera:
             True when the camera is back; it takes one second at least. False
             when it was not back after 30.5 seconds, or the object is bound to
             no open camera.
+
+        Example:
+            if not camera.restart_with_default_settings():
+                raise Exception("the camera did not come back")
         """
 
 @final
@@ -907,6 +1083,10 @@ class Graph:
 
         Raises:
             Exception: "Graph object is empty" when __init__ never ran.
+
+        Example:
+            for x in range(10):
+                graph.series_add_point(series, x, x * x)
         """
 
     def series_set_line_color(
@@ -925,6 +1105,9 @@ class Graph:
 
         Raises:
             Exception: "Graph object is empty" when __init__ never ran.
+
+        Example:
+            graph.series_set_line_color(series, 255, 128, 0)  # orange
         """
 
     def get_series_count(self) -> int:
@@ -935,6 +1118,9 @@ class Graph:
 
         Raises:
             Exception: "Graph object is empty" when __init__ never ran.
+
+        Example:
+            last = graph.get_series_count() - 1
         """
 
     def set_x_axis_range(self, minimum: float, maximum: float, /) -> None:
@@ -948,6 +1134,9 @@ class Graph:
 
         Raises:
             Exception: "Graph object is empty" when __init__ never ran.
+
+        Example:
+            graph.set_x_axis_range(0, image.width - 1)
         """
 
     def set_x_axis_range_auto(self, on: bool, /) -> None:
@@ -960,6 +1149,9 @@ class Graph:
 
         Raises:
             Exception: "Graph object is empty" when __init__ never ran.
+
+        Example:
+            graph.set_x_axis_range_auto(True)
         """
 
     def set_y_axis_range(self, minimum: float, maximum: float, /) -> None:
@@ -973,6 +1165,9 @@ class Graph:
 
         Raises:
             Exception: "Graph object is empty" when __init__ never ran.
+
+        Example:
+            graph.set_y_axis_range(0, 255)
         """
 
     def set_y_axis_range_auto(self, on: bool, /) -> None:
@@ -985,6 +1180,9 @@ class Graph:
 
         Raises:
             Exception: "Graph object is empty" when __init__ never ran.
+
+        Example:
+            graph.set_y_axis_range_auto(True)
         """
 
     def set_background_color(
@@ -1001,6 +1199,9 @@ class Graph:
 
         Raises:
             Exception: "Graph object is empty" when __init__ never ran.
+
+        Example:
+            graph.set_background_color(255, 250, 230)
         """
 
     def set_axes_color(
@@ -1017,6 +1218,9 @@ class Graph:
 
         Raises:
             Exception: "Graph object is empty" when __init__ never ran.
+
+        Example:
+            graph.set_axes_color(80, 80, 80)
         """
 
     def set_grid_color(
@@ -1033,6 +1237,9 @@ class Graph:
 
         Raises:
             Exception: "Graph object is empty" when __init__ never ran.
+
+        Example:
+            graph.set_grid_color(220, 220, 220)
         """
 
     def set_dark_color_theme(self, on: bool = True, /) -> None:
@@ -1046,6 +1253,9 @@ class Graph:
 
         Raises:
             Exception: "Graph object is empty" when __init__ never ran.
+
+        Example:
+            graph.set_dark_color_theme()
         """
 
     def draw_into_image(self, image: Image, /) -> None:
@@ -1068,6 +1278,12 @@ class Graph:
                 "a graph cannot be drawn: the host has no user interface"
             SystemError: "returned NULL without setting an exception" when the
                 image is empty.
+
+        Example:
+            chart = vistrel.Image()
+            chart.alloc(800, 600, 4, 8)
+            graph.draw_into_image(chart)
+            vistrel.new_view_with_image(chart, "Chart")
         """
 
     def copy_series_data_to_clipboard(self, number: int, /) -> None:
@@ -1084,6 +1300,9 @@ class Graph:
         Raises:
             Exception: "Graph object is empty" when __init__ never ran.
             Exception: "a graph is drawn and copied on the GUI thread only"
+
+        Example:
+            graph.copy_series_data_to_clipboard(series + 1)
         """
 
 @final
@@ -1113,6 +1332,9 @@ class Image:
 
         Raises:
             Exception: "Vistrel image object is empty"
+
+        Example:
+            print(len(bytes(image)), "bytes")
         """
 
     def alloc(
@@ -1135,6 +1357,10 @@ class Image:
             Exception: "argument out of range"
             Exception: "number of bits out of range"
             Exception: "cannot allocate new image, out of memory"
+
+        Example:
+            image = vistrel.Image()
+            image.alloc(640, 480, 1, 8)
         """
 
     def from_file(self, path: str, /) -> None:
@@ -1151,6 +1377,11 @@ class Image:
         Raises:
             Exception: "cannot open file" when there is no such file or no
                 format goes by its name; the object then keeps its picture.
+
+        Example:
+            image.save_to_file("part.png")
+            again = vistrel.Image()
+            again.from_file("part.png")
         """
 
     def from_array(self, source: object, /) -> None:
@@ -1199,6 +1430,12 @@ class Image:
                 list that is taken.
             SystemError: "returned NULL without setting an exception" when
                 __array_interface__ is no dict.
+
+        Example:
+            pixels = numpy.zeros((480, 640), numpy.uint8)
+            pixels[:, 320] = 255
+            image = vistrel.Image()
+            image.from_array(pixels)
         """
 
     def get_width(self) -> int:
@@ -1210,6 +1447,9 @@ class Image:
         Raises:
             SystemError: "returned NULL without setting an exception" when the
                 object is empty.
+
+        Example:
+            middle = image.get_width() // 2
         """
 
     def get_height(self) -> int:
@@ -1221,6 +1461,9 @@ class Image:
         Raises:
             SystemError: "returned NULL without setting an exception" when the
                 object is empty.
+
+        Example:
+            middle = image.get_height() // 2
         """
 
     def get_channels(self) -> int:
@@ -1232,6 +1475,10 @@ class Image:
         Raises:
             SystemError: "returned NULL without setting an exception" when the
                 object is empty.
+
+        Example:
+            if image.get_channels() == 1:
+                print("mono")
         """
 
     def get_bpc(self) -> int:
@@ -1245,6 +1492,9 @@ class Image:
         Raises:
             SystemError: "returned NULL without setting an exception" when the
                 object is empty.
+
+        Example:
+            white = 2 ** image.get_bpc() - 1
         """
 
     def get_frame_number(self) -> int:
@@ -1256,6 +1506,9 @@ class Image:
         Raises:
             SystemError: "returned NULL without setting an exception" when the
                 object is empty.
+
+        Example:
+            print("frame", image.get_frame_number())
         """
 
     def get_time_stamp(self) -> int:
@@ -1267,6 +1520,11 @@ class Image:
         Raises:
             SystemError: "returned NULL without setting an exception" when the
                 object is empty.
+
+        Example:
+            vistrel.wait_for_next_frame(5.0, view)
+            later = vistrel.get_view_image(view)
+            print(later.get_time_stamp() - image.get_time_stamp(), "us")
         """
 
     def get_image_data_raw(self) -> bytes:
@@ -1279,6 +1537,10 @@ class Image:
 
         Raises:
             Exception: "Vistrel image object is empty"
+
+        Example:
+            with open("pixels.raw", "wb") as file:
+                file.write(image.get_image_data_raw())
         """
 
     def get_image_data_numpy(self, keep_order: bool = False, /) -> Image:
@@ -1300,6 +1562,9 @@ class Image:
             Exception: "Cannot allocate image"
             SystemError: "returned NULL without setting an exception" when the
                 object is empty.
+
+        Example:
+            pixels = numpy.asarray(image.get_image_data_numpy()).T
         """
 
     def get_bytes_per_pixel(self) -> int:
@@ -1311,6 +1576,9 @@ class Image:
         Raises:
             SystemError: "returned NULL without setting an exception" when the
                 object is empty.
+
+        Example:
+            line_bytes = image.width * image.get_bytes_per_pixel()
         """
 
     def get_pixel_value(self, x: int, y: int, channel: int = 0, /) -> int:
@@ -1333,6 +1601,9 @@ class Image:
             Exception: "channel number out of range"
             SystemError: "returned NULL without setting an exception" when the
                 object is empty.
+
+        Example:
+            print(image.get_pixel_value(10, 20))  # column 10, line 20
         """
 
     def set_pixel_value(
@@ -1356,6 +1627,9 @@ class Image:
             Exception: "channel number out of range"
             SystemError: "returned NULL without setting an exception" when the
                 object is empty.
+
+        Example:
+            image.set_pixel_value(255, 10, 20)  # column 10, line 20
         """
 
     def draw_pixel_line(
@@ -1381,6 +1655,10 @@ class Image:
             Exception: "channel number out of range"
             SystemError: "returned NULL without setting an exception" when the
                 object is empty.
+
+        Example:
+            right, bottom = image.width - 1, image.height - 1
+            image.draw_pixel_line(255, 0, 0, right, bottom)
         """
 
     def draw_pixel_rect(
@@ -1406,6 +1684,9 @@ class Image:
             Exception: "channel number out of range"
             SystemError: "returned NULL without setting an exception" when the
                 object is empty.
+
+        Example:
+            image.draw_pixel_rect(255, 10, 10, 100, 60)
         """
 
     def save_to_file(self, path: str, /) -> None:
@@ -1421,6 +1702,9 @@ class Image:
         Raises:
             SystemError: "returned NULL without setting an exception" when the
                 object is empty or no format goes by the name's ending.
+
+        Example:
+            image.save_to_file("results/part.png")
         """
 
     def to_rgb(self) -> Image:
@@ -1433,6 +1717,10 @@ class Image:
             Exception: "cannot allocate new image, out of memory"
             SystemError: "returned NULL without setting an exception" when the
                 object is empty.
+
+        Example:
+            colour = image.to_rgb()
+            colour.draw_pixel_line(255, 0, 9, 99, 9, 0)  # red is channel 0
         """
 
     def extract_channel(self, channel: int, /) -> Image:
@@ -1449,6 +1737,9 @@ class Image:
             Exception: "cannot allocate new image, out of memory"
             SystemError: "returned NULL without setting an exception" when the
                 object is empty.
+
+        Example:
+            red = image.to_rgb().extract_channel(0)
         """
 
     def convert_bpc(self, bpc: int, scale: bool = True, /) -> Image:
@@ -1471,6 +1762,9 @@ class Image:
             Exception: "cannot allocate new image, out of memory"
             SystemError: "returned NULL without setting an exception" when the
                 object is empty.
+
+        Example:
+            deep = image.convert_bpc(16)
         """
 
     def new_copy(self) -> Image:
@@ -1483,6 +1777,10 @@ class Image:
             Exception: "cannot allocate new image, out of memory"
             SystemError: "returned NULL without setting an exception" when the
                 object is empty.
+
+        Example:
+            before = image.new_copy()
+            image.divide_by_value(2)
         """
 
     def crop(self, x: int, y: int, w: int, h: int, /) -> Image:
@@ -1504,6 +1802,9 @@ class Image:
                 width or height below 1.
             SystemError: "returned NULL without setting an exception" when the
                 object is empty.
+
+        Example:
+            part = image.crop(100, 50, 200, 100)
         """
 
     def resize(
@@ -1531,6 +1832,9 @@ class Image:
                 new width or height below 1.
             SystemError: "returned NULL without setting an exception" when the
                 object is empty.
+
+        Example:
+            small = image.resize(128, 128, 0, 0, 0, 0)
         """
 
     def copy_to(self, target: Image, /) -> None:
@@ -1545,6 +1849,11 @@ class Image:
             Exception: "the object passed is not a vistrel.Image"
             SystemError: "returned NULL without setting an exception" when one
                 of the two objects is empty.
+
+        Example:
+            target = vistrel.Image()
+            target.alloc(image.width, image.height, image.channels, image.bpc)
+            image.copy_to(target)
         """
 
     def copy_rect_to(
@@ -1569,6 +1878,11 @@ class Image:
             Exception: "the object passed is not a vistrel.Image"
             SystemError: "returned NULL without setting an exception" when one
                 of the two objects is empty.
+
+        Example:
+            target = vistrel.Image()
+            target.alloc(256, 128, image.channels, image.bpc)
+            image.copy_rect_to(0, 0, 128, 128, target, 0, 0)
         """
 
     def resize_to(self, target: Image, /) -> None:
@@ -1583,6 +1897,11 @@ class Image:
             Exception: "the object passed is not a vistrel.Image"
             SystemError: "returned NULL without setting an exception" when one
                 of the two objects is empty.
+
+        Example:
+            small = vistrel.Image()
+            small.alloc(160, 120, image.channels, image.bpc)
+            image.resize_to(small)
         """
 
     def tesize_rect_to(
@@ -1610,6 +1929,11 @@ class Image:
             Exception: "the object passed is not a vistrel.Image"
             SystemError: "returned NULL without setting an exception" when one
                 of the two objects is empty.
+
+        Example:
+            target = vistrel.Image()
+            target.alloc(256, 128, image.channels, image.bpc)
+            image.tesize_rect_to(0, 0, 64, 64, target, 128, 0, 128, 128)
         """
 
     def add(self, other: Image, /) -> None:
@@ -1625,6 +1949,10 @@ class Image:
             Exception: "the object passed is not a vistrel.Image"
             SystemError: "returned NULL without setting an exception" when one
                 of the two objects is empty.
+
+        Example:
+            double = image.new_copy()
+            double.add(image)
         """
 
     def subtract(self, other: Image, /) -> None:
@@ -1640,6 +1968,11 @@ class Image:
             Exception: "the object passed is not a vistrel.Image"
             SystemError: "returned NULL without setting an exception" when one
                 of the two objects is empty.
+
+        Example:
+            vistrel.wait_for_next_frame(5.0, view)
+            motion = vistrel.get_view_image(view)
+            motion.subtract(image)
         """
 
     def divide_by_value(self, divisor: int, /) -> None:
@@ -1651,6 +1984,9 @@ class Image:
         Raises:
             SystemError: "returned NULL without setting an exception" when the
                 object is empty.
+
+        Example:
+            image.divide_by_value(2)
         """
 
     def measure_rect(
@@ -1678,6 +2014,10 @@ class Image:
             Exception: "Cannot measure data" when no pixel lies within.
             SystemError: "returned NULL without setting an exception" when the
                 object is empty.
+
+        Example:
+            for channel in image.measure_rect(100, 100, 50, 50):
+                print(channel["name"], channel["mean"], channel["stdev"])
         """
 
     def measure_row_profiles_in_rect(
@@ -1701,6 +2041,10 @@ class Image:
             Exception: "Cannot measure profile data" when no pixel lies within.
             SystemError: "returned NULL without setting an exception" when the
                 object is empty.
+
+        Example:
+            rows = image.measure_row_profiles_in_rect()
+            brightness = [channels[0]["mean"] for channels in rows]
         """
 
     def measure_column_profiles_in_rect(
@@ -1724,42 +2068,103 @@ class Image:
             Exception: "Cannot measure profile data" when no pixel lies within.
             SystemError: "returned NULL without setting an exception" when the
                 object is empty.
+
+        Example:
+            columns = image.measure_column_profiles_in_rect(0, 100, 0, 32)
+            brightness = [channels[0]["mean"] for channels in columns]
         """
 
     width: Final[int]
-    """Pixels in a line."""
+    """Pixels in a line.
+
+    Example:
+        print(image.width * image.height, "pixels")
+    """
     height: Final[int]
-    """Lines."""
+    """Lines.
+
+    Example:
+        last_line = image.height - 1
+    """
     bpc: Final[int]
-    """Significant bits of a value (bits per channel)."""
+    """Significant bits of a value (bits per channel).
+
+    Example:
+        white = 2 ** image.bpc - 1
+    """
     channels: Final[int]
-    """Values in a pixel."""
+    """Values in a pixel.
+
+    Example:
+        is_colour = image.channels >= 3
+    """
     frame_number: Final[int]
-    """Number of the frame within the host's stream, from 0."""
+    """Number of the frame within the host's stream, from 0.
+
+    Example:
+        print("frame", image.frame_number)
+    """
     nframe: Final[int]
-    """The same as frame_number."""
+    """The same as frame_number.
+
+    Example:
+        assert image.nframe == image.frame_number
+    """
     acq_nframe: Final[int]
-    """Number that the camera gave the frame."""
+    """Number that the camera gave the frame.
+
+    Example:
+        vistrel.wait_for_next_frame(5.0, view)
+        later = vistrel.get_view_image(view)
+        lost = later.acq_nframe - image.acq_nframe - 1
+    """
     time_stamp: Final[int]
-    """Microseconds on the camera's clock."""
+    """Microseconds on the camera's clock.
+
+    Example:
+        print(image.time_stamp / 1e6, "seconds")
+    """
     tsSec: Final[int]
-    """Whole seconds of time_stamp."""
+    """Whole seconds of time_stamp.
+
+    Example:
+        print(f"{image.tsSec}.{image.tsUSec:06} seconds")
+    """
     tsUSec: Final[int]
-    """Microseconds of time_stamp beyond its whole seconds, 0 to 999999."""
+    """Microseconds of time_stamp beyond its whole seconds, 0 to 999999.
+
+    Example:
+        assert image.time_stamp == image.tsSec * 1_000_000 + image.tsUSec
+    """
     rgb: Final[bool]
     """Whether channels are marked as red, green, blue; else blue comes first.
 
     It says something about pictures of 3 or 4 channels only.
+
+    Example:
+        red = 0 if image.to_rgb().rgb else 2  # the channel
     """
     size: Final[int]
-    """Always 312, whatever the picture; see bp_size for the pixels' bytes."""
+    """Always 312, whatever the picture; see bp_size for the pixels' bytes.
+
+    Example:
+        assert image.size == 312
+    """
     bp: Final[int]
     """Address of the first pixel, for example for ctypes.
 
     It holds until the object is filled anew or goes away.
+
+    Example:
+        import ctypes
+        first = ctypes.c_uint8.from_address(image.bp).value
     """
     bp_size: Final[int]
-    """Bytes of the pixel memory, padding at the end of lines included."""
+    """Bytes of the pixel memory, padding at the end of lines included.
+
+    Example:
+        assert len(bytes(image)) == image.bp_size
+    """
     frm: Final[int]
     """Code of the pixel layout.
 
@@ -1767,43 +2172,113 @@ class Image:
     bits, 4 up to 16 bits; 5 colour with alpha of up to 8 bits, 6 up to 16
     bits; 7 packed 5-6-5; 8 mono of 32 bits; 9 floating point; 10 raw data with
     a colour filter of up to 8 bits, 11 up to 16 bits.
+
+    Example:
+        if image.frm in (10, 11):
+            print("raw data with a colour filter")
     """
     black_level: Final[int]
-    """Value of a black pixel."""
+    """Value of a black pixel.
+
+    Example:
+        dark = image.black_level
+    """
     padding_x: Final[int]
-    """Bytes at the end of each line that are no pixels."""
+    """Bytes at the end of each line that are no pixels.
+
+    Example:
+        stride = image.width * image.get_bytes_per_pixel() + image.padding_x
+    """
     AbsoluteOffsetX: Final[int]
-    """Always 0."""
+    """Always 0.
+
+    Example:
+        assert image.AbsoluteOffsetX == 0
+    """
     AbsoluteOffsetY: Final[int]
-    """Always 0."""
+    """Always 0.
+
+    Example:
+        assert image.AbsoluteOffsetY == 0
+    """
     transport_frm: Final[int]
-    """Camera record: pixel format on the wire, as a GenICam PFNC code."""
+    """Camera record: pixel format on the wire, as a GenICam PFNC code.
+
+    Example:
+        if image.transport_frm == 0x01080001:
+            print("Mono8 on the wire")
+    """
     exposure_time_us: Final[int]
-    """Camera record: exposure time in microseconds."""
+    """Camera record: exposure time in microseconds.
+
+    Example:
+        print(image.exposure_time_us / 1000, "ms")
+    """
     gain_db: Final[float]
-    """Camera record: gain in decibels; 0.0 when the camera has raw steps."""
+    """Camera record: gain in decibels; 0.0 when the camera has raw steps.
+
+    Example:
+        factor = 10 ** (image.gain_db / 20)
+    """
     data_saturation: Final[float]
     """Value of a saturated pixel.
 
     2 to the power of bpc minus 1 for integers (4095.0 for 12 bits), what came
     with the data for floating point.
+
+    Example:
+        share = image.measure_rect()[0]["max"] / image.data_saturation
     """
     wb_red: Final[float]
-    """Camera record: white balance coefficient of red."""
+    """Camera record: white balance coefficient of red.
+
+    Example:
+        print(image.wb_red, image.wb_green, image.wb_blue)
+    """
     wb_green: Final[float]
-    """Camera record: white balance coefficient of green."""
+    """Camera record: white balance coefficient of green.
+
+    Example:
+        print(image.wb_red / image.wb_green)
+    """
     wb_blue: Final[float]
-    """Camera record: white balance coefficient of blue."""
+    """Camera record: white balance coefficient of blue.
+
+    Example:
+        print(image.wb_blue / image.wb_green)
+    """
     color_filter_array: Final[int]
-    """Camera record: colour filter; 0 none, 1 RGGB, 2 GRBG, 3 GBRG, 4 BGGR."""
+    """Camera record: colour filter; 0 none, 1 RGGB, 2 GRBG, 3 GBRG, 4 BGGR.
+
+    Example:
+        pattern = ("none", "RGGB", "GRBG", "GBRG", "BGGR")
+        print(pattern[image.color_filter_array])
+    """
     tof_phases_count: Final[int]
-    """Camera record: phases of a time-of-flight frame."""
+    """Camera record: phases of a time-of-flight frame.
+
+    Example:
+        print(image.tof_phase_id, "of", image.tof_phases_count)
+    """
     tof_multiple_phases_in_buffer: Final[int]
-    """Camera record: always 0."""
+    """Camera record: always 0.
+
+    Example:
+        assert image.tof_multiple_phases_in_buffer == 0
+    """
     tof_phase_id: Final[int]
-    """Camera record: which phase of a time-of-flight frame this is."""
+    """Camera record: which phase of a time-of-flight frame this is.
+
+    Example:
+        print(image.tof_phase_id, "of", image.tof_phases_count)
+    """
     data_sign_mode: Final[int]
-    """Kind of values: 0 unsigned, 1 signed, 2 floating point."""
+    """Kind of values: 0 unsigned, 1 signed, 2 floating point.
+
+    Example:
+        kind = ("unsigned", "signed", "floating point")
+        print(kind[image.data_sign_mode])
+    """
     __array_interface__: Final[dict[str, Any]]
     """Array interface, version 3, on the picture's own pixels.
 
@@ -1819,6 +2294,15 @@ class Image:
     variable that the host has put in, or a shared variable of which another
     image takes the place. The object is empty then, an older array must not
     be used. Take numpy.asarray(image).copy() to keep values.
+
+    Example:
+        pixels = numpy.asarray(image).T  # lines, then columns
+        pixels[0, :] = 255  # the first line becomes white
     """
     tobytes: Final[Callable[[], bytes]]
-    """Copy the pixel memory; image.tobytes() is the same as bytes(image)."""
+    """Copy the pixel memory; image.tobytes() is the same as bytes(image).
+
+    Example:
+        with open("pixels.raw", "wb") as file:
+            file.write(image.tobytes())
+    """
