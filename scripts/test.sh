@@ -9,7 +9,7 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 preset=${1:-default}
 shift || true
 
-scripts/setup.sh build test
+scripts/setup.sh build docs test
 cmake --preset "$preset" -DVISTREL_BUILD_TESTS=ON --log-level=WARNING
 cmake --build --preset "$preset"
 ctest --preset "$preset" "$@"
