@@ -10,6 +10,8 @@ set(VISTREL_PYTHON "/usr/bin/python3" CACHE FILEPATH
 set(VISTREL_SANITIZERS "" CACHE STRING
     "Sanitizers for all our code, for example \"address;undefined\"")
 
+set(CMAKE_INSTALL_DEFAULT_COMPONENT_NAME runtime)
+
 set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
 set(CMAKE_CXX_EXTENSIONS OFF)
@@ -22,9 +24,9 @@ set(CMAKE_AUTOMOC ON)
 # One layout for the build tree and the installation, so that programs find the plugin, the host's
 # library and its modules by the same relative paths in both.
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/bin")
-set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/lib")
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/lib/vistrel")
 set(CMAKE_BUILD_RPATH_USE_ORIGIN ON)
-set(CMAKE_INSTALL_RPATH "$ORIGIN/../lib")
+set(CMAKE_INSTALL_RPATH "$ORIGIN/../lib/vistrel")
 
 find_program(CCACHE_PROGRAM ccache)
 if(CCACHE_PROGRAM AND NOT CMAKE_CXX_COMPILER_LAUNCHER)

@@ -24,10 +24,7 @@ QString ownFolder()
 
 } // namespace
 
-QString vistrel::hostModulePath(const QString& fileName)
-{
-    return ownFolder() + QStringLiteral("/vistrel/") + fileName;
-}
+QString vistrel::hostModulePath(const QString& fileName) { return ownFolder() + u'/' + fileName; }
 
 QFunctionPointer vistrel::hostModuleEntry(const QString& path, const char* function, QString& error)
 {

@@ -8,7 +8,7 @@
 
 namespace vistrel {
 
-/// Where a module lies: in the folder vistrel/ beside the host's library.
+/// Where a module lies: beside the host's library.
 QString hostModulePath(const QString& fileName);
 
 /// Loads a library, which then stays loaded, and finds a function in it; null with the reason in

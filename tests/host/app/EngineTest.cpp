@@ -49,8 +49,8 @@ TEST(Engine, RefusesAFileThatIsNoLibrary)
 
 TEST(Engine, RefusesALibraryThatIsNoPlugin)
 {
-    const QString library =
-        QCoreApplication::applicationDirPath() + QStringLiteral("/../lib/libvistrel_host.so");
+    const QString library = QCoreApplication::applicationDirPath()
+                            + QStringLiteral("/../lib/vistrel/libvistrel_host.so");
     ASSERT_TRUE(QFileInfo::exists(library));
     EXPECT_TRUE(refusal(library).contains(QStringLiteral("cannot be loaded as a plugin: ")));
 }

@@ -1,0 +1,62 @@
+# SPDX-FileCopyrightText: 2026 The Vistrel Python scripting authors
+# SPDX-License-Identifier: GPL-3.0-or-later
+# What is installed besides the programs, and the Debian packages: vistrel, and vistrel-dev with the
+# headers for makers of a host. scripts/package.sh makes and tries them.
+set(packaging "${PROJECT_SOURCE_DIR}/packaging")
+
+install(FILES "${packaging}/vistrel-run.1" "${packaging}/vistrel-viewer.1"
+        DESTINATION share/man/man1)
+install(FILES "${packaging}/vistrel-completion.bash" RENAME vistrel-run
+        DESTINATION share/bash-completion/completions)
+install(FILES "${packaging}/vistrel-completion.bash" RENAME vistrel-viewer
+        DESTINATION share/bash-completion/completions)
+install(FILES "${packaging}/vistrel-viewer.desktop" DESTINATION share/applications)
+install(FILES "${packaging}/copyright" DESTINATION share/doc/vistrel)
+install(DIRECTORY examples/ DESTINATION share/vistrel/examples FILES_MATCHING PATTERN "*.py"
+        PATTERN "minimal_host" EXCLUDE)
+install(DIRECTORY host_api/ DESTINATION include/vistrel COMPONENT development
+        FILES_MATCHING PATTERN "*.h")
+install(FILES "${packaging}/copyright" DESTINATION share/doc/vistrel-dev COMPONENT development)
+
+# Debian wants its changelogs and manual pages compressed; man reads both.
+find_program(GZIP_EXECUTABLE gzip)
+if(GZIP_EXECUTABLE)
+    execute_process(COMMAND "${GZIP_EXECUTABLE}" -9nc "${packaging}/changelog"
+                    OUTPUT_FILE "${PROJECT_BINARY_DIR}/changelog.gz")
+    install(FILES "${PROJECT_BINARY_DIR}/changelog.gz" DESTINATION share/doc/vistrel)
+    install(FILES "${PROJECT_BINARY_DIR}/changelog.gz" DESTINATION share/doc/vistrel-dev
+            COMPONENT development)
+endif()
+
+set(CPACK_GENERATOR DEB)
+set(CPACK_PACKAGE_NAME vistrel)
+set(CPACK_PACKAGE_CONTACT "The Vistrel Python scripting authors <vistrel@example.org>")
+set(CPACK_PACKAGE_DIRECTORY "${PROJECT_BINARY_DIR}/packages")
+set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+set(CPACK_STRIP_FILES ON)
+set(CPACK_COMPONENTS_ALL runtime development)
+set(CPACK_DEB_COMPONENT_INSTALL ON)
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
+
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_NAME vistrel)
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_SECTION graphics)
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS "${CMAKE_LIBRARY_OUTPUT_DIRECTORY}")
+# Texts in charts need a font.
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_DEPENDS fonts-dejavu-core)
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_RECOMMENDS python3-numpy)
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_SUGGESTS "python3-opencv, python3-matplotlib")
+set(CPACK_COMPONENT_RUNTIME_DESCRIPTION "Python scripts for cameras and images
+ Short Python scripts open cameras, take pictures, measure them, draw charts
+ and save files: without a screen in vistrel-run, on the desktop in
+ vistrel-viewer. Cameras are GigE Vision and USB3 Vision devices, and a
+ simulated one.")
+
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME vistrel-dev)
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS qt6-base-dev)
+set(CPACK_COMPONENT_DEVELOPMENT_DESCRIPTION "Python scripts for cameras and images - headers
+ The interfaces between the Vistrel scripting plugin and the application that
+ loads it, for makers of such an application.")
+include(CPack)
