@@ -87,6 +87,23 @@ TEST_F(ImagePixels, NumbersThatFitNoIntegerAreRefusedByTheInterpreter)
     EXPECT_TRUE(error("p.get_pixel_value(0)").startsWith(QLatin1String("TypeError")));
 }
 
+TEST_F(ImagePixels, ObjectsThatStandForAnIntegerAreTakenAsOne)
+{
+    bind(7, 5, 3, ExImageDataType::UInt8, 8);
+    const char* const answer = "[i for i in (True, type('I', (), {'__index__': lambda s: 1})(),"
+                               "             type('J', (int,), {})(1))"
+                               " if p.set_pixel_value(9, i, i, i) is None"
+                               " and (p.get_pixel_value(i, 1, 1), p.get_pixel_value(1, i, i),"
+                               "      p.set_pixel_value(i, 1, 1, 1), p.get_pixel_value(1, 1, 1))"
+                               " != (9, 9, None, 1)]";
+    EXPECT_EQ(value(answer), QStringLiteral("[]"));
+    for (const char* call : {"get_pixel_value(1.0, 0)", "get_pixel_value(0, 0, 0, 0)",
+                             "set_pixel_value(1, 0, 0, 0, 0)", "draw_pixel_line(1, 2, 3, 4, 5.5)"})
+        EXPECT_TRUE(
+            error(("p." + std::string(call)).c_str()).startsWith(QLatin1String("TypeError")))
+            << call;
+}
+
 TEST_F(ImagePixels, ValuesAreCutToTheElementsWidth)
 {
     const char* const wide = "[p.set_pixel_value(v, 1, 1) or p.get_pixel_value(1, 1) "

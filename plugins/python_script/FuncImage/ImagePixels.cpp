@@ -4,6 +4,7 @@
 #include "FuncImage/ImageMethods.h"
 #include "FuncImage/ImageType.h"
 #include "FuncImage/PixelAccess.h"
+#include "PlainIntegers.h"
 #include "PyErrors.h"
 
 #include <SxPicBuf.h>
@@ -22,12 +23,22 @@ struct Drawing {
 
 using DrawFunction = void (*)(SxPicBuf&, int, int, int, int, int, long long);
 
+/// The object's buffer, with the integers of the arguments stored; null with an error set.
+template<class... Integers>
+SxPicBuf* bufferAndIntegers(PyObject* self, PyObject* args, const char* format,
+                            Integers&... targets)
+{
+    if (python::takePlainIntegers(args, format, targets...))
+        return fx_pyimg_buffer(self);
+    return fx_pyimg_bufferAndArguments(self, args, format, &targets...);
+}
+
 /// Parses, checks the range and draws.
 PyObject* draw(PyObject* self, PyObject* args, DrawFunction function)
 {
     Drawing d;
-    SxPicBuf* buffer = fx_pyimg_bufferAndArguments(self, args, "Liiii|i", &d.value, &d.x1, &d.y1,
-                                                   &d.x2, &d.y2, &d.channel);
+    SxPicBuf* buffer =
+        bufferAndIntegers(self, args, "Liiii|i", d.value, d.x1, d.y1, d.x2, d.y2, d.channel);
     if (buffer == nullptr)
         return nullptr;
     const char* error = pixel_access::rangeError(*buffer, d.x1, d.y1, d.x2, d.y2, d.channel);
@@ -44,7 +55,7 @@ PyObject* fx_pyimg_GetPixelValue(PyObject* self, PyObject* args)
     int x = 0;
     int y = 0;
     int channel = 0;
-    const SxPicBuf* buffer = fx_pyimg_bufferAndArguments(self, args, "ii|i", &x, &y, &channel);
+    const SxPicBuf* buffer = bufferAndIntegers(self, args, "ii|i", x, y, channel);
     if (buffer == nullptr)
         return nullptr;
     if (const char* error = pixel_access::rangeError(*buffer, x, y, channel))
@@ -58,7 +69,7 @@ PyObject* fx_pyimg_SetPixelValue(PyObject* self, PyObject* args)
     int x = 0;
     int y = 0;
     int channel = 0;
-    SxPicBuf* buffer = fx_pyimg_bufferAndArguments(self, args, "Lii|i", &value, &x, &y, &channel);
+    SxPicBuf* buffer = bufferAndIntegers(self, args, "Lii|i", value, x, y, channel);
     if (buffer == nullptr)
         return nullptr;
     if (const char* error = pixel_access::rangeError(*buffer, x, y, channel))
