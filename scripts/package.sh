@@ -2,21 +2,26 @@
 # SPDX-FileCopyrightText: 2026 The Vistrel Python scripting authors
 # SPDX-License-Identifier: GPL-3.0-or-later
 # Makes the Debian packages in build-release/packages, asks lintian about them, installs them in a
-# fresh Debian and runs an example there: scripts/package.sh [--no-fresh-root]
-# The fresh root needs root's rights and the network; without them the package is unpacked into a
-# folder and run from there.
+# fresh Debian and runs an example there: scripts/package.sh [PRESET [--no-fresh-root]]
+# PRESET is release; default packs what the tests have run with, from build/packages. The fresh root
+# needs root's rights and the network; without them the package is unpacked into a folder and run from
+# there.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
-scripts/setup.sh build docs package
-cmake --preset release --log-level=WARNING
-cmake --build --preset release
-rm -rf build-release/packages
-(cd build-release && cpack -G DEB > cpack.log) || { cat build-release/cpack.log; exit 1; }
+preset=${1:-release}
+build=build-release
+[ "$preset" = release ] || build=build
 
-packages=(build-release/packages/*.deb)
+scripts/setup.sh build docs package
+cmake --preset "$preset" --log-level=WARNING
+cmake --build --preset "$preset" --target vistrel-run vistrel-viewer vistrel_film reference
+rm -rf "$build/packages"
+(cd "$build" && cpack -G DEB > cpack.log 2>&1) || { cat "$build/cpack.log"; exit 1; }
+
+packages=("$build"/packages/*.deb)
 printf '%s\n' "${packages[@]}"
-dpkg-deb --field "$(ls build-release/packages/vistrel_*.deb)" Package Version Installed-Size Depends
+dpkg-deb --field "$build"/packages/vistrel_*.deb Package Version Installed-Size Depends
 lintian --allow-root --no-tag-display-limit --fail-on error "${packages[@]}"
 
 work=$(mktemp -d)
@@ -28,7 +33,7 @@ clean_up() {
 example=/usr/share/vistrel/examples/first_light.py
 
 in_unpacked_folder() {
-    dpkg-deb --extract build-release/packages/vistrel_*.deb "$work/unpacked"
+    dpkg-deb --extract "$build"/packages/vistrel_*.deb "$work/unpacked"
     mkdir "$work/results"
     "$work/unpacked/usr/bin/vistrel-run" --camera sim --cwd "$work/results" "$work/unpacked$example"
     test -s "$work/results/first_light.png"
@@ -56,7 +61,7 @@ mirror() {
         head -1 | grep . || echo http://deb.debian.org/debian
 }
 
-if [ "${1:-}" = --no-fresh-root ] || [ "$(id -u)" -ne 0 ]; then
+if [ "${2:-}" = --no-fresh-root ] || [ "$(id -u)" -ne 0 ]; then
     in_unpacked_folder
 else
     in_fresh_root

@@ -3,6 +3,8 @@
 // The interfaces that Aravis searches, and the list of the devices that it finds.
 #include "cameras/AravisSystem.h"
 
+#include "core/LongWork.h"
+
 #include <arv.h>
 
 #include <cstring>
@@ -54,6 +56,7 @@ std::vector<DeviceEntry> AravisSystem::searchAll()
 {
     for (unsigned i = 0; i < arv_get_n_interfaces(); ++i)
         arv_enable_interface(arv_get_interface_id(i));
+    const LongWork work(QStringLiteral("Looking for cameras"));
     return search();
 }
 

@@ -6,6 +6,7 @@
 #include "cameras/AravisSystem.h"
 #include "cameras/Camera.h"
 #include "core/Log.h"
+#include "core/LongWork.h"
 
 #include <QtCore/QDeadlineTimer>
 #include <QtCore/QRunnable>
@@ -124,11 +125,13 @@ bool CameraManager::restartWithDefaults(void* cameraHandle)
         logError(QStringLiteral("a camera cannot be restarted: %1").arg(notOpened()));
         return false;
     }
+    auto work =
+        std::make_shared<LongWork>(QStringLiteral("Restarting camera %1").arg(camera->id()));
     camera->stopStream();
     camera->parameters().restoreDefaults(keptOf(*camera).defaults);
     const QString id = camera->id();
     close(cameraHandle);
-    openAgain(id, QDeadlineTimer(restartPatience));
+    openAgain(id, QDeadlineTimer(restartPatience), std::move(work));
     return true;
 }
 
@@ -205,16 +208,17 @@ CameraManager::Kept& CameraManager::keptOf(Camera& camera)
     return m_kept[QStringLiteral("%1 %2").arg(info.deviceName, info.serialNumber)];
 }
 
-void CameraManager::openAgain(const QString& id, const QDeadlineTimer& limit)
+void CameraManager::openAgain(const QString& id, const QDeadlineTimer& limit,
+                              std::shared_ptr<LongWork> work)
 {
-    QTimer::singleShot(restartPause, this, [this, id, limit] {
+    QTimer::singleShot(restartPause, this, [this, id, limit, work = std::move(work)] {
         QString error;
         if (isOpen(id) || open(id, error))
             return;
         if (limit.hasExpired())
             logError(QStringLiteral("a restarted camera did not come back: %1").arg(error));
         else
-            openAgain(id, limit);
+            openAgain(id, limit, work);
     });
 }
 

@@ -26,6 +26,7 @@ namespace vistrel {
 
 class AravisSystem;
 class Camera;
+class LongWork;
 struct DeviceEntry;
 
 /// A camera that was found, opened or not.
@@ -102,7 +103,7 @@ private:
     bool isOpen(const QString& id) const;
     void* add(std::unique_ptr<Camera> camera);
     Kept& keptOf(Camera& camera);
-    void openAgain(const QString& id, const QDeadlineTimer& limit);
+    void openAgain(const QString& id, const QDeadlineTimer& limit, std::shared_ptr<LongWork> work);
     Camera* find(const void* cameraHandle) const;
     std::unique_ptr<Camera> take(const Camera* camera);
     void release(std::unique_ptr<Camera> camera);

@@ -7,6 +7,8 @@
 #include "cameras/SettingsFile.h"
 #include "cameras/SettingsTransfer.h"
 #include "core/Log.h"
+#include "core/LongWork.h"
+#include "core/NearNames.h"
 
 #include <QtCore/QStringList>
 
@@ -34,9 +36,11 @@ bool changesFrameSize(const QString& node)
     return names.contains(node);
 }
 
-NodeResult unknown()
+NodeResult unknownProperty()
 {
-    return {ParameterStatus::Unknown, QStringLiteral("the camera has no such parameter")};
+    return {ParameterStatus::Unknown,
+            QStringLiteral("what can be asked of a parameter is :min, :max, :inc, :unit, :entries "
+                           "and :type")};
 }
 
 CxValue joined(const QStringList& entries)
@@ -201,6 +205,7 @@ void CameraParameters::restoreDefaults(const Values& fallback)
 bool CameraParameters::saveParamValuesToFile(const QString& path,
                                              CxCameraParam::ExVisibility visibility)
 {
+    const LongWork work(QStringLiteral("Saving the settings of %1").arg(m_info.deviceName));
     const CameraSettings settings{m_info.deviceName, m_info.serialNumber,
                                   this->settings(visibility)};
     QString error = CameraNodes::disconnected().reason;
@@ -219,6 +224,7 @@ bool CameraParameters::loadParamValuesFromFile(const QString& path, CxCameraPara
         if (logErrors)
             logLine(line);
     };
+    const LongWork work(QStringLiteral("Loading settings into %1").arg(m_info.deviceName));
     QString error;
     const std::optional<CameraSettings> settings = readSettingsFile(path, error);
     if (settings && settings->model != m_info.deviceName)
@@ -249,13 +255,26 @@ ArvGcNode* CameraParameters::nodeNamed(const QString& name) const
     return parameter ? parameter->node() : m_nodes.find(name);
 }
 
+NodeResult CameraParameters::unknown(const QString& name) const
+{
+    QStringList known;
+    for (const auto& parameter : m_parameters) {
+        if (parameter->node())
+            known.append(parameter->name());
+    }
+    for (ArvGcFeatureNode* feature : m_nodes.features(ARV_GC_VISIBILITY_GURU))
+        known.append(QString::fromUtf8(arv_gc_feature_node_get_name(feature)));
+    return {ParameterStatus::Unknown,
+            QStringLiteral("the camera has no such parameter") + nearNamesAsked(name, known)};
+}
+
 NodeResult CameraParameters::read(const QString& name, CxValue& value) const
 {
     if (const MappedParameter* parameter = supported(name))
         return parameter->read(value);
     ArvGcNode* node = nodeNamed(name);
     NodeValue raw;
-    NodeResult result = node ? m_nodes.read(node, raw) : unknown();
+    NodeResult result = node ? m_nodes.read(node, raw) : unknown(name);
     if (result.done())
         value = hostValue(raw);
     return result;
@@ -269,7 +288,7 @@ NodeResult CameraParameters::readProperty(const QString& name, const QString& pr
     if (!m_nodes.connected())
         return CameraNodes::disconnected();
     if (!node)
-        return unknown();
+        return unknown(name);
     if (property == u"type") {
         value = CxValue::fromString(CameraNodes::typeName(node));
         return {};
@@ -277,7 +296,7 @@ NodeResult CameraParameters::readProperty(const QString& name, const QString& pr
     const Properties all = parameter ? propertiesOf(*parameter) : propertiesOf(m_nodes, node);
     const auto* ask = propertyNamed(all, property);
     if (!ask)
-        return unknown();
+        return unknownProperty();
     value = (*ask)();
     return {};
 }
@@ -288,7 +307,7 @@ NodeResult CameraParameters::write(const QString& name, const CxValue& value)
     if (!m_nodes.connected())
         return CameraNodes::disconnected();
     if (!node)
-        return unknown();
+        return unknown(name);
     NodeResult result;
     const auto change = [&] {
         MappedParameter* parameter = supported(name);

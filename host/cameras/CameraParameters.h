@@ -71,6 +71,8 @@ private:
     /// The parameter of that name if the camera has it.
     MappedParameter* supported(const QString& name) const;
     ArvGcNode* nodeNamed(const QString& name) const;
+    /// Says which names of the camera are near.
+    NodeResult unknown(const QString& name) const;
     NodeResult read(const QString& name, CxValue& value) const;
     NodeResult readProperty(const QString& name, const QString& property, CxValue& value) const;
     NodeResult write(const QString& name, const CxValue& value);

@@ -52,6 +52,17 @@ Examples:
   vistrel-run --camera sim --answer 4711 --answer OK inspect.py
 )";
 
+constexpr char firstSteps[] = R"(Usage: vistrel-run [options] SCRIPT...
+
+Runs Python scripts for cameras and images, without a screen.
+
+Examples:
+  vistrel-run --camera sim capture.py    # with the simulated camera
+  vistrel-run --list-cameras             # what is connected
+
+All options: vistrel-run --help
+)";
+
 void addOptions(QCommandLineParser& parser)
 {
     parser.setApplicationDescription(
@@ -143,6 +154,8 @@ CommandLine CommandLine::parse(const QStringList& arguments)
     checkPythonHome(result.pythonHome);
     return result;
 }
+
+QString CommandLine::shortText() { return QString::fromLatin1(firstSteps); }
 
 QString CommandLine::helpText()
 {

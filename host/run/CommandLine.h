@@ -28,6 +28,8 @@ struct CommandLine {
     static CommandLine parse(const QStringList& arguments);
     /// What --help shows.
     static QString helpText();
+    /// What a call without arguments shows: how it goes, in a few lines.
+    static QString shortText();
 };
 
 } // namespace vistrel

@@ -157,6 +157,11 @@ void Session::finishRun(const QString& errors)
     m_failed = m_failed || !errors.isEmpty();
     if (!errors.isEmpty())
         writeError(errors);
+    // The first thing that a newcomer's script meets.
+    if (errors.contains(QLatin1String("Exception: Camera not "))
+        && m_host.cameras().openedCameraCount() == 0)
+        writeError(QStringLiteral("vistrel-run: no camera is open; open one with --camera ID, the "
+                                  "simulated one with --camera sim"));
 }
 
 } // namespace vistrel

@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <array>
+#include <atomic>
 #include <cerrno>
 #include <climits>
 #include <cstring>
@@ -37,6 +38,18 @@ ssize_t writePiece(int descriptor, const char* bytes, qsizetype size)
     return write(descriptor, bytes, std::min<std::size_t>(PIPE_BUF, std::size_t(size)));
 }
 
+std::atomic<bool> progressIsShown{false};
+
+bool canShowProgress()
+{
+    static const bool can = isatty(STDERR_FILENO) != 0 && qgetenv("TERM") != "dumb"
+                            && !qEnvironmentVariableIsEmpty("TERM");
+    return can;
+}
+
+/// Back to the line's beginning, and nothing in it.
+constexpr char clearLine[] = "\r\033[K";
+
 bool mayBeTriedAgain(int error) { return error == EINTR || error == EAGAIN; }
 
 /// Returns 0 or the system's error number.
@@ -53,10 +66,28 @@ int writeAll(int descriptor, const QByteArray& bytes)
     return 0;
 }
 
+void clearProgress()
+{
+    if (progressIsShown.exchange(false))
+        writeAll(STDERR_FILENO, clearLine);
+}
+
 } // namespace
+
+void showProgress(const QString& text)
+{
+    if (!canShowProgress())
+        return;
+    clearProgress();
+    if (text.isEmpty())
+        return;
+    writeAll(STDERR_FILENO, text.toUtf8() + " ...");
+    progressIsShown = true;
+}
 
 void writeOutput(const QString& text)
 {
+    clearProgress();
     const int error = writeAll(STDOUT_FILENO, text.toUtf8());
     if (error != 0)
         throw OutputFailure(std::strerror(error));
@@ -64,6 +95,7 @@ void writeOutput(const QString& text)
 
 void writeError(const QString& text)
 {
+    clearProgress();
     const QByteArray bytes = text.toUtf8();
     writeAll(STDERR_FILENO, bytes.endsWith('\n') ? bytes : bytes + '\n');
 }

@@ -24,6 +24,10 @@ void writeOutput(const QString& text);
 /// to tell when that fails.
 void writeError(const QString& text);
 
+/// Shows a passing line on standard error when that is a terminal that can; an empty text takes it
+/// away, and so does whatever is written next.
+void showProgress(const QString& text);
+
 /// Says on standard error why output failed.
 void reportOutputFailure(const OutputFailure& failure);
 

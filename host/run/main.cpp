@@ -3,6 +3,7 @@
 // vistrel-run: runs Python scripts in the reference host, without a screen.
 #include "app/ScriptEngine.h"
 #include "cameras/CameraManager.h"
+#include "core/LongWork.h"
 #include "run/CommandLine.h"
 #include "run/ProcessSetup.h"
 #include "run/Session.h"
@@ -60,7 +61,7 @@ ExitStatus perform(const CommandLine& commandLine)
 ExitStatus perform(const QStringList& arguments)
 {
     if (arguments.size() < 2) {
-        writeError(CommandLine::helpText());
+        writeError(CommandLine::shortText());
         return WrongUsage;
     }
     try {
@@ -90,5 +91,6 @@ int main(int argc, char* argv[])
     QCoreApplication::setApplicationVersion(QStringLiteral(VISTREL_VERSION));
     // A script's last dialog must not end the event loops that later waits run.
     QGuiApplication::setQuitOnLastWindowClosed(false);
+    LongWork::watch(showProgress);
     return perform(arguments);
 }

@@ -27,11 +27,17 @@ class Information(ProgramTest):
         self.assertEqual((result.returncode, result.stderr), (0, ""))
         self.assertRegex(result.stdout, r"\Avistrel-run \d+\.\d+\.\d+\nQt 6\.\S+\nPython 3\.\S+\n\Z")
 
-    def test_without_arguments_it_shows_examples_and_fails(self):
+    def test_without_arguments_it_shows_two_examples_and_fails(self):
         result = self.call()
         self.assertEqual((result.returncode, result.stdout), (2, ""))
-        self.assertIn("Usage:", result.stderr)
-        examples = result.stderr.partition("Examples:\n")[2].splitlines()
+        self.assertTrue(result.stderr.startswith("Usage: vistrel-run "), result.stderr)
+        examples = result.stderr.partition("Examples:\n")[2].partition("\n\n")[0].splitlines()
+        self.assertEqual([line.split()[0] for line in examples], ["vistrel-run"] * 2)
+        self.assertIn("--help", result.stderr)
+        self.assertLess(len(result.stderr.splitlines()), 12)
+
+    def test_help_ends_with_examples(self):
+        examples = self.call("--help").stdout.partition("Examples:\n")[2].splitlines()
         self.assertEqual([line.split()[0] for line in examples], ["vistrel-run"] * 3)
 
     def test_cameras_are_listed_with_four_fields(self):
