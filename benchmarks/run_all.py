@@ -75,6 +75,7 @@ def measure(programs_file: str, programs: dict[str, str], quick: bool) -> Figure
         **figures_of_lines(output_of(programs["python"], str(FOLDER / "cameras.py"),
                                      programs_file)),
         **figures_of_lines(output_of(programs["memory"], "500" if quick else "100000")),
+        **figures_of_lines(output_of(programs["viewer"], "1" if quick else "10", "100000")),
     }
 
 

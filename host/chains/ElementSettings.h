@@ -49,6 +49,8 @@ public:
 
     const std::vector<ElementSetting>& descriptions() const { return m_descriptions; }
 
+    /// The value of the setting at that place of the descriptions.
+    double valueAt(std::size_t place) const { return m_values[place]; }
     double number(QLatin1String name) const;
     int whole(QLatin1String name) const { return static_cast<int>(number(name)); }
     bool isOn(QLatin1String name) const { return number(name) != 0.0; }

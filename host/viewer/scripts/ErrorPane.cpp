@@ -21,9 +21,15 @@ void ErrorPane::showErrors(const QString& errors)
 {
     m_places.clear();
     QStringList lines = errors.split(u'\n');
+    const qsizetype excess = lines.size() - keptLines - 1; // the last one is empty
+    if (excess > 0)
+        lines = lines.mid(excess);
     for (QString& line : lines)
         line = htmlOf(line);
-    setHtml(QStringLiteral("<pre>") + lines.join(u'\n') + QStringLiteral("</pre>"));
+    if (excess > 0)
+        lines.prepend(tr("%L1 lines before these were cut.").arg(excess));
+    setHtml(QStringLiteral("<pre style=\"white-space: pre-wrap\">") + lines.join(u'\n')
+            + QStringLiteral("</pre>"));
     moveCursor(QTextCursor::End);
 }
 

@@ -14,9 +14,13 @@ class ErrorPane : public QTextBrowser {
     Q_OBJECT
 
 public:
+    /// How many lines are shown, the last ones.
+    static constexpr int keptLines = 2000;
+
     explicit ErrorPane(QWidget* parent = nullptr);
 
-    /// Shows the text of a run; an empty text clears the pane.
+    /// Shows the text of a run, and says how many lines before its last ones are left out; an empty
+    /// text clears the pane.
     void showErrors(const QString& errors);
 
 Q_SIGNALS:

@@ -24,13 +24,28 @@ void OutputBuffer::append(const QString& text)
         cut();
 }
 
-OutputBuffer::Piece OutputBuffer::take()
+OutputBuffer::Piece OutputBuffer::take(qint64 most)
 {
     const std::scoped_lock lock(m_mutex);
     if (m_lineEnds > m_lines || m_text.size() > m_lines * charactersPerLine)
         cut();
-    m_lineEnds = 0;
-    return {std::exchange(m_text, QString()), std::exchange(m_cutLines, 0)};
+    const QString text = takeLines(most);
+    return {text, std::exchange(m_cutLines, 0)};
+}
+
+QString OutputBuffer::takeLines(qint64 most)
+{
+    if (m_lineEnds <= most) {
+        m_lineEnds = 0;
+        return std::exchange(m_text, QString());
+    }
+    qsizetype end = 0;
+    for (qint64 line = 0; line < most; ++line)
+        end = m_text.indexOf(u'\n', end) + 1;
+    m_lineEnds -= most;
+    const QString text = m_text.left(end);
+    m_text.remove(0, end);
+    return text;
 }
 
 void OutputBuffer::cut()

@@ -24,10 +24,13 @@ public:
     }
 
     void append(const QString& text);
+    /// The first lines of what waits, at most that many, and all there is after the last line end.
+    Piece take(qint64 most);
     /// All that waits.
-    Piece take();
+    Piece takeAll() { return take(m_lines); }
 
 private:
+    QString takeLines(qint64 most);
     void cut();
 
     const qint64 m_lines;

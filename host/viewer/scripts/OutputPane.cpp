@@ -16,6 +16,8 @@ namespace vistrel {
 namespace {
 
 constexpr int showEveryMs = 50;
+// A full view takes some 16 us for each line that comes and pushes another one out.
+constexpr int linesAtOnce = 1000;
 
 } // namespace
 
@@ -41,7 +43,7 @@ OutputPane::OutputPane(QWidget* parent)
 
 void OutputPane::flush()
 {
-    const OutputBuffer::Piece piece = m_buffer.take();
+    const OutputBuffer::Piece piece = m_buffer.take(linesAtOnce);
     if (piece.text.isEmpty() && piece.cutLines == 0)
         return;
     // Whoever has scrolled back to read is not dragged to the end.
@@ -71,7 +73,7 @@ void OutputPane::noteCutLines()
 
 void OutputPane::clear()
 {
-    m_buffer.take();
+    m_buffer.takeAll();
     m_view->clear();
     m_shownLineEnds = 0;
     m_cutLines = 0;

@@ -26,7 +26,7 @@ public:
 
     /// Takes text. Any thread.
     void append(const QString& text) { m_buffer.append(text); }
-    /// Shows now what waits to be shown.
+    /// Shows now what waits to be shown; of a flood only the next lines, the others follow.
     void flush();
     void clear();
 

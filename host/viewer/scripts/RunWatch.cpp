@@ -14,7 +14,7 @@ namespace vistrel {
 namespace {
 
 constexpr int clockMs = 200;
-constexpr int eventsEveryMs = 50;
+constexpr int eventsEveryMs = 25;
 constexpr int eventsForMs = 20;
 
 /// A script that was interrupted and lets the exception through says so in its last line.

@@ -31,7 +31,7 @@ public:
 
     /// Interrupts the script that runs, if any; may be repeated.
     void stop();
-    /// Handles events that wait, at most some twenty times a second however often it is called.
+    /// Handles events that wait, at most some forty times a second however often it is called.
     /// Does nothing on other threads than its own.
     void giveWayToEvents();
 

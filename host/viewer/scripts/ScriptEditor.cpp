@@ -13,7 +13,9 @@
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
 #include <QtCore/QSaveFile>
+#include <QtGui/QAction>
 #include <QtGui/QFontDatabase>
+#include <QtGui/QKeyEvent>
 
 #include <algorithm>
 
@@ -89,6 +91,27 @@ void ScriptEditor::applyColours()
     applyPythonColours(*this, *qobject_cast<QsciLexerPython*>(lexer()), palette());
     setMarkerBackgroundColor(QColor(Qt::red), errorMarker);
     setMarkerForegroundColor(QColor(Qt::red), errorMarker);
+}
+
+bool ScriptEditor::event(QEvent* event)
+{
+    // The component has many keys of its own, such as Ctrl+T; the window's commands go first.
+    const bool isOverride = event->type() == QEvent::ShortcutOverride;
+    if (isOverride && isCommandOfWindow(*static_cast<QKeyEvent*>(event))) {
+        event->ignore();
+        return true;
+    }
+    return QsciScintilla::event(event);
+}
+
+bool ScriptEditor::isCommandOfWindow(const QKeyEvent& keys) const
+{
+    const QKeySequence pressed(keys.keyCombination());
+    const auto actions = window()->findChildren<QAction*>();
+    return std::any_of(actions.begin(), actions.end(), [&pressed](const QAction* action) {
+        return action->shortcutContext() == Qt::WindowShortcut && action->isEnabled()
+               && action->shortcuts().contains(pressed);
+    });
 }
 
 void ScriptEditor::changeEvent(QEvent* event)

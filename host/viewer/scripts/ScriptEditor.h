@@ -42,6 +42,7 @@ public:
     bool findNext(const QString& text, bool forward = true);
 
 protected:
+    bool event(QEvent* event) override;
     void changeEvent(QEvent* event) override;
 
 private:
@@ -54,6 +55,7 @@ private:
     void setUpCompletion(const ApiCatalog& catalog);
     void setUpIndentation();
     void applyColours();
+    bool isCommandOfWindow(const QKeyEvent& keys) const;
     LineRange chosenLines() const;
     bool areComments(LineRange lines) const;
     void commentLine(int line);

@@ -34,6 +34,7 @@ ScriptPanel::ScriptPanel(ScriptRuns& runs, ScriptEnvironment& environment, const
     , m_output(new OutputPane(this))
     , m_errors(new ErrorPane(this))
     , m_panes(new QTabWidget(this))
+    , m_splitter(new QSplitter(Qt::Vertical, this))
 {
     layOut();
     m_runs.setOutput([this](const QString& text) { takeOutput(text); });
@@ -56,14 +57,13 @@ void ScriptPanel::layOut()
     upperLayout->setContentsMargins(0, 0, 0, 0);
     upperLayout->addWidget(m_tabs);
     upperLayout->addWidget(m_findBar);
-    auto* splitter = new QSplitter(Qt::Vertical, this);
-    splitter->addWidget(upper);
-    splitter->addWidget(m_panes);
-    splitter->setStretchFactor(0, editorShare);
-    splitter->setStretchFactor(1, panesShare);
+    m_splitter->addWidget(upper);
+    m_splitter->addWidget(m_panes);
+    m_splitter->setStretchFactor(0, editorShare);
+    m_splitter->setStretchFactor(1, panesShare);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(splitter);
+    layout->addWidget(m_splitter);
 }
 
 void ScriptPanel::runCurrent() { run(m_tabs->current()->text()); }
@@ -137,5 +137,9 @@ void ScriptPanel::showPlace(const SourcePlace& place)
 QString ScriptPanel::outputText() const { return m_output->text(); }
 
 QString ScriptPanel::errorText() const { return m_errors->toPlainText(); }
+
+QByteArray ScriptPanel::saveLayout() const { return m_splitter->saveState(); }
+
+void ScriptPanel::restoreLayout(const QByteArray& layout) { m_splitter->restoreState(layout); }
 
 } // namespace vistrel

@@ -9,6 +9,7 @@
 #include <QtCore/QPointer>
 #include <QtWidgets/QWidget>
 
+class QSplitter;
 class QTabWidget;
 
 namespace vistrel {
@@ -42,6 +43,10 @@ public:
     QString outputText() const;
     QString errorText() const;
 
+    /// How the panel's height is shared, to be kept and restored.
+    QByteArray saveLayout() const;
+    void restoreLayout(const QByteArray& layout);
+
 private:
     void layOut();
     void run(const QString& text);
@@ -59,6 +64,7 @@ private:
     OutputPane* m_output;
     ErrorPane* m_errors;
     QTabWidget* m_panes;
+    QSplitter* m_splitter;
     QPointer<ScriptEditor> m_runEditor; // whose text runs or ran last; null for a menu's script
     QString m_runFile;                  // the file that ran last; empty for a text without one
 };

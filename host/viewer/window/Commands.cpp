@@ -56,14 +56,16 @@ void Commands::addFileMenu()
     m_viewer.recentFiles().fill(*menu.addMenu(tr("Open &recent")));
     menu.addSeparator();
     add(menu, tr("&Save script"), QKeySequence::Save, [&tabs] { tabs.save(); });
-    add(menu, tr("Save script &as..."), QKeySequence::SaveAs, [&tabs] { tabs.saveAs(); });
+    add(menu, tr("Save script &as..."), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S),
+        [&tabs] { tabs.saveAs(); });
     add(menu, tr("&Close script"), QKeySequence(Qt::CTRL | Qt::Key_W),
         [&tabs] { tabs.close(tabs.currentIndex()); });
     menu.addSeparator();
     add(menu, tr("Save &picture as..."), QKeySequence(Qt::CTRL | Qt::ALT | Qt::Key_S),
         [this] { m_viewer.savePictureAs(); });
     menu.addSeparator();
-    add(menu, tr("&Quit"), QKeySequence::Quit, [this] { m_viewer.window().close(); });
+    add(menu, tr("&Quit"), QKeySequence(Qt::CTRL | Qt::Key_Q),
+        [this] { m_viewer.window().close(); });
 }
 
 void Commands::addViewMenu()
@@ -82,6 +84,7 @@ void Commands::addViewMenu()
     QAction* dark = menu.addAction(tr("Da&rk colours"));
     dark->setCheckable(true);
     dark->setChecked(isDarkThemeChosen());
+    dark->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_D));
     connect(dark, &QAction::toggled, this, &setDarkTheme);
     menu.addSeparator();
     addPanelSwitches(menu);
@@ -94,6 +97,11 @@ void Commands::addPanelSwitches(QMenu& menu)
         QAction* action = dock->toggleViewAction();
         action->setShortcut(QKeySequence(Qt::ALT | static_cast<Qt::Key>(Qt::Key_0 + number++)));
         menu.addAction(action);
+        // Who opens a panel by its key wants to work in it with keys.
+        connect(action, &QAction::triggered, dock, [dock](bool shown) {
+            if (shown)
+                dock->widget()->setFocus();
+        });
     }
 }
 
@@ -136,7 +144,8 @@ void Commands::addHelpMenu()
     auto* menu = m_viewer.window().menuBar()->addMenu(tr("&Help"));
     add(*menu, tr("&Keyboard shortcuts"), QKeySequence(Qt::CTRL | Qt::Key_F1),
         [this] { showShortcuts(); });
-    add(*menu, tr("&About"), QKeySequence(), [this] { m_viewer.showAbout(); });
+    add(*menu, tr("&About"), QKeySequence(Qt::SHIFT | Qt::Key_F1),
+        [this] { m_viewer.showAbout(); });
 }
 
 void Commands::showShortcuts()

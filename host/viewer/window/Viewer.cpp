@@ -6,6 +6,7 @@
 #include "app/ImageView.h"
 #include "app/MainWindow.h"
 #include "core/Log.h"
+#include "viewer/chains/ChainPanel.h"
 #include "viewer/scripts/EditorTabs.h"
 #include "viewer/window/AboutText.h"
 #include "viewer/window/Commands.h"
@@ -32,6 +33,11 @@ namespace vistrel {
 
 namespace {
 
+// Until the user has chosen others.
+constexpr int panelWidth = 240;
+constexpr int scriptPanelWidth = 460;
+constexpr int errorLogHeight = 110;
+
 bool isScript(const QString& path)
 {
     return path.endsWith(QLatin1String(".py"), Qt::CaseInsensitive);
@@ -51,6 +57,7 @@ Viewer::Viewer()
     , m_errorLog(new ErrorLogPanel(m_host.errorLog()))
     , m_scriptDock(addDock(tr("Scripts"), &m_scripts, Qt::RightDockWidgetArea))
     , m_errorLogDock(addDock(tr("Error log"), m_errorLog, Qt::BottomDockWidgetArea))
+    , m_chainDock(addDock(tr("Chain"), new ChainPanel(m_host.delegate()), Qt::LeftDockWidgetArea))
     , m_runStatus(new QLabel)
 {
     // A Stop from the companion may come when the script has just ended.
@@ -81,6 +88,13 @@ QDockWidget* Viewer::addDock(const QString& title, QWidget* content, Qt::DockWid
     return dock;
 }
 
+void Viewer::shareOutRoom()
+{
+    m_window.resizeDocks({m_chainDock, m_scriptDock}, {panelWidth, scriptPanelWidth},
+                         Qt::Horizontal);
+    m_window.resizeDocks({m_errorLogDock}, {errorLogHeight}, Qt::Vertical);
+}
+
 void Viewer::setUpStatusBar()
 {
     m_window.statusBar()->addWidget(m_runStatus, 1);
@@ -95,6 +109,7 @@ bool Viewer::loadPlugin(const QString& file, QString& error) { return m_engine.l
 
 void Viewer::show()
 {
+    shareOutRoom();
     restoreSettings();
     m_window.show();
 }
@@ -189,6 +204,7 @@ void Viewer::saveSettings() const
     QSettings settings;
     settings.setValue(QStringLiteral("geometry"), m_window.saveGeometry());
     settings.setValue(QStringLiteral("layout"), m_window.saveState());
+    settings.setValue(QStringLiteral("scriptLayout"), m_scripts.saveLayout());
     settings.setValue(QStringLiteral("openScripts"), m_scripts.tabs().openFiles());
 }
 
@@ -197,6 +213,7 @@ void Viewer::restoreSettings()
     const QSettings settings;
     m_window.restoreGeometry(settings.value(QStringLiteral("geometry")).toByteArray());
     m_window.restoreState(settings.value(QStringLiteral("layout")).toByteArray());
+    m_scripts.restoreLayout(settings.value(QStringLiteral("scriptLayout")).toByteArray());
     for (const QString& path : settings.value(QStringLiteral("openScripts")).toStringList())
         if (QFileInfo::exists(path))
             m_scripts.tabs().open(path);

@@ -52,11 +52,13 @@ public:
     RecentFiles& recentFiles() { return m_recentFiles; }
     QDockWidget& scriptDock() { return *m_scriptDock; }
     QDockWidget& errorLogDock() { return *m_errorLogDock; }
+    QDockWidget& chainDock() { return *m_chainDock; }
 
     bool eventFilter(QObject* object, QEvent* event) override;
 
 private:
     QDockWidget* addDock(const QString& title, QWidget* content, Qt::DockWidgetArea area);
+    void shareOutRoom();
     void setUpStatusBar();
     void setUpDropping();
     bool mayClose();
@@ -73,6 +75,7 @@ private:
     RecentFiles m_recentFiles;
     QDockWidget* m_scriptDock;
     QDockWidget* m_errorLogDock;
+    QDockWidget* m_chainDock;
     QLabel* m_runStatus;
     std::unique_ptr<Commands> m_commands;
 };

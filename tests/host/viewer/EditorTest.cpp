@@ -9,6 +9,8 @@
 
 #include "DialogClicker.h"
 
+#include <Qsci/qscilexerpython.h>
+
 #include <QtCore/QFile>
 #include <QtCore/QTemporaryDir>
 #include <QtTest/QSignalSpy>
@@ -140,6 +142,21 @@ TEST_F(Editor, IndentsBehindAColonWithBlanks)
     EXPECT_EQ(editor().text(), QStringLiteral("if x:\n    y"));
 }
 
+TEST_F(Editor, ColoursPythonAndNumbersItsLines)
+{
+    editor().setText(QStringLiteral("def f(): return 'text' # why\n"));
+    editor().recolor();
+    const auto styleAt = [&](long place) {
+        return static_cast<int>(editor().SendScintilla(QsciScintillaBase::SCI_GETSTYLEAT, place));
+    };
+    EXPECT_EQ(styleAt(0), QsciLexerPython::Keyword);
+    EXPECT_EQ(styleAt(4), QsciLexerPython::FunctionMethodName);
+    EXPECT_EQ(styleAt(17), QsciLexerPython::SingleQuotedString);
+    EXPECT_EQ(styleAt(24), QsciLexerPython::Comment);
+    EXPECT_EQ(editor().marginType(0), QsciScintilla::NumberMargin);
+    EXPECT_GT(editor().marginWidth(0), 0);
+}
+
 TEST_F(Editor, OffersNamesOfTheModuleWhileTyping)
 {
     m_tabs.show();
@@ -227,6 +244,18 @@ TEST(ErrorPane, TellsWhichLineOfATracebackWasClicked)
     QTextCursor link = pane.document()->find(QStringLiteral("line 7"));
     QTest::mouseClick(pane.viewport(), Qt::LeftButton, {}, pane.cursorRect(link).center());
     EXPECT_THAT(chosen, testing::ElementsAre(SourcePlace{QStringLiteral("<string>"), 7}));
+}
+
+TEST(ErrorPane, ShowsTheLastLinesOfAFlood)
+{
+    ErrorPane pane;
+    QString flood;
+    for (int line = 0; line < ErrorPane::keptLines + 500; ++line)
+        flood += QStringLiteral("line %1\n").arg(line);
+    pane.showErrors(flood);
+    const QString shown = pane.toPlainText();
+    EXPECT_TRUE(shown.startsWith(QStringLiteral("500 lines before these were cut.\nline 500\n")));
+    EXPECT_TRUE(shown.trimmed().endsWith(QStringLiteral("line 2499")));
 }
 
 } // namespace vistrel

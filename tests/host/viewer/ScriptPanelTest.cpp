@@ -126,6 +126,20 @@ TEST_F(Panel, StopsAScriptThatPrintsWithoutAnEnd)
     EXPECT_THAT(m_endings, ElementsAre(RunWatch::Ending::Stopped));
 }
 
+TEST_F(Panel, StopsAScriptThatGrabs)
+{
+    QString error;
+    void* const camera =
+        m_host.cameras().open(QString::fromLatin1(CameraManager::simulatedId), error);
+    ASSERT_TRUE(m_host.delegate().setCameraAcquisition(true, camera)) << qPrintable(error);
+    QTimer::singleShot(300, [&] { m_panel.watch().stop(); });
+    run("import vistrel\n"
+        "while True:\n"
+        "    vistrel.wait_for_next_frame(5.0)\n"
+        "    vistrel.get_view_image()\n");
+    EXPECT_THAT(m_endings, ElementsAre(RunWatch::Ending::Stopped));
+}
+
 TEST_F(Panel, SaysThatAScriptThatRefusesToStopIsStillThere)
 {
     QStringList states;
@@ -160,6 +174,21 @@ TEST_F(Panel, HandlesEventsWhileAScriptPrints)
     timer.start(10);
     run("import time\nfor i in range(20):\n    print(i)\n    time.sleep(0.02)\n");
     EXPECT_GT(ticks, 2);
+}
+
+TEST_F(Panel, ShowsOutputAndSaysThatItRunsWhileTheScriptIsOn)
+{
+    std::string outputMeanwhile;
+    std::string statusMeanwhile;
+    QTimer::singleShot(300, [&] {
+        outputMeanwhile = output();
+        statusMeanwhile = status();
+        m_panel.watch().stop();
+    });
+    run("import vistrel\nprint('begun')\nvistrel.wait(60)\nprint('ended')\n");
+    EXPECT_EQ(outputMeanwhile, "begun\n");
+    EXPECT_THAT(statusMeanwhile, testing::MatchesRegex("New script is running \\([0-9.]+ s\\)"));
+    EXPECT_EQ(output(), "begun\n");
 }
 
 TEST_F(Panel, TakesOutputOfThreadsThatAScriptStarts)

@@ -59,10 +59,10 @@ TEST(OutputBuffer, GivesEverythingOut)
     OutputBuffer buffer(3);
     buffer.append(QStringLiteral("a"));
     buffer.append(QStringLiteral("\nb\n"));
-    const OutputBuffer::Piece piece = buffer.take();
+    const OutputBuffer::Piece piece = buffer.takeAll();
     EXPECT_EQ(piece.text, QStringLiteral("a\nb\n"));
     EXPECT_EQ(piece.cutLines, 0);
-    EXPECT_EQ(buffer.take().text, QString());
+    EXPECT_EQ(buffer.takeAll().text, QString());
 }
 
 TEST(OutputBuffer, KeepsTheLastLinesOfAFloodAndCountsTheOthers)
@@ -70,9 +70,24 @@ TEST(OutputBuffer, KeepsTheLastLinesOfAFloodAndCountsTheOthers)
     OutputBuffer buffer(3);
     for (int line = 0; line < 100; ++line)
         buffer.append(QString::number(line) + u'\n');
-    const OutputBuffer::Piece piece = buffer.take();
+    const OutputBuffer::Piece piece = buffer.takeAll();
     EXPECT_EQ(piece.text, QStringLiteral("97\n98\n99\n"));
     EXPECT_EQ(piece.cutLines, 97);
+}
+
+TEST(OutputBuffer, GivesAFloodOutInPieces)
+{
+    OutputBuffer buffer(10);
+    buffer.append(QStringLiteral("1\n2\n3\n4"));
+    EXPECT_EQ(buffer.take(2).text, QStringLiteral("1\n2\n"));
+    EXPECT_EQ(buffer.take(2).text, QStringLiteral("3\n4"));
+    EXPECT_EQ(buffer.take(2).text, QString());
+    for (int line = 0; line < 100; ++line)
+        buffer.append(QString::number(line) + u'\n');
+    const OutputBuffer::Piece piece = buffer.take(2);
+    EXPECT_EQ(piece.text, QStringLiteral("90\n91\n"));
+    EXPECT_EQ(piece.cutLines, 90);
+    EXPECT_EQ(buffer.takeAll().text.count(u'\n'), 8);
 }
 
 TEST(OutputBuffer, CutsALineWithoutAnEnd)
@@ -80,7 +95,7 @@ TEST(OutputBuffer, CutsALineWithoutAnEnd)
     OutputBuffer buffer(1);
     for (int piece = 0; piece < 100; ++piece)
         buffer.append(QString(1000, u'x'));
-    EXPECT_LE(buffer.take().text.size(), 8000);
+    EXPECT_LE(buffer.takeAll().text.size(), 8000);
 }
 
 TEST(OutputBuffer, LosesNothingThatSeveralThreadsWrite)
@@ -94,10 +109,10 @@ TEST(OutputBuffer, LosesNothingThatSeveralThreadsWrite)
     std::thread other(write);
     qsizetype characters = 0;
     for (int turn = 0; turn < 100; ++turn)
-        characters += buffer.take().text.size();
+        characters += buffer.takeAll().text.size();
     one.join();
     other.join();
-    characters += buffer.take().text.size();
+    characters += buffer.takeAll().text.size();
     EXPECT_EQ(characters, 2 * 1000 * 5);
 }
 
