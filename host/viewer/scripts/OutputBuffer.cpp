@@ -43,7 +43,7 @@ QString OutputBuffer::takeLines(qint64 most)
     for (qint64 line = 0; line < most; ++line)
         end = m_text.indexOf(u'\n', end) + 1;
     m_lineEnds -= most;
-    const QString text = m_text.left(end);
+    QString text = m_text.left(end);
     m_text.remove(0, end);
     return text;
 }
