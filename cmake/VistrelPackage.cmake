@@ -4,8 +4,6 @@
 # headers for makers of a host. scripts/package.sh makes and tries them.
 set(packaging "${PROJECT_SOURCE_DIR}/packaging")
 
-install(FILES "${packaging}/vistrel-run.1" "${packaging}/vistrel-viewer.1"
-        DESTINATION share/man/man1)
 install(FILES "${packaging}/vistrel-completion.bash" RENAME vistrel-run
         DESTINATION share/bash-completion/completions)
 install(FILES "${packaging}/vistrel-completion.bash" RENAME vistrel-viewer
@@ -18,15 +16,20 @@ install(DIRECTORY host_api/ DESTINATION include/vistrel COMPONENT development
         FILES_MATCHING PATTERN "*.h")
 install(FILES "${packaging}/copyright" DESTINATION share/doc/vistrel-dev COMPONENT development)
 
-# Debian wants its changelogs and manual pages compressed; man reads both.
-find_program(GZIP_EXECUTABLE gzip)
-if(GZIP_EXECUTABLE)
-    execute_process(COMMAND "${GZIP_EXECUTABLE}" -9nc "${packaging}/changelog"
-                    OUTPUT_FILE "${PROJECT_BINARY_DIR}/changelog.gz")
-    install(FILES "${PROJECT_BINARY_DIR}/changelog.gz" DESTINATION share/doc/vistrel)
-    install(FILES "${PROJECT_BINARY_DIR}/changelog.gz" DESTINATION share/doc/vistrel-dev
-            COMPONENT development)
-endif()
+# Manual pages and changelogs are installed compressed, as Debian has them.
+find_program(GZIP_EXECUTABLE gzip REQUIRED)
+set(compressed "${PROJECT_BINARY_DIR}/packaging")
+foreach(file IN ITEMS vistrel-run.1 vistrel-viewer.1 vistrel-stop-window.1 changelog)
+    set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS "${packaging}/${file}")
+    file(MAKE_DIRECTORY "${compressed}")
+    execute_process(COMMAND "${GZIP_EXECUTABLE}" -9nc "${packaging}/${file}"
+                    OUTPUT_FILE "${compressed}/${file}.gz" COMMAND_ERROR_IS_FATAL ANY)
+endforeach()
+install(DIRECTORY "${compressed}/" DESTINATION share/man/man1 FILES_MATCHING PATTERN "*.1.gz")
+install(FILES "${compressed}/changelog.gz" DESTINATION share/doc/vistrel)
+install(FILES "${compressed}/changelog.gz" DESTINATION share/doc/vistrel-dev
+        COMPONENT development)
+install(FILES "${packaging}/lintian-overrides" RENAME vistrel DESTINATION share/lintian/overrides)
 
 # What is packed was built before; tests are no part of it.
 set(CMAKE_SKIP_INSTALL_ALL_DEPENDENCY ON)
@@ -50,15 +53,15 @@ set(CPACK_DEBIAN_RUNTIME_PACKAGE_DEPENDS fonts-dejavu-core)
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_RECOMMENDS python3-numpy)
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_SUGGESTS "python3-opencv, python3-matplotlib")
 set(CPACK_COMPONENT_RUNTIME_DESCRIPTION "Python scripts for cameras and images
- Short Python scripts open cameras, take pictures, measure them, draw charts
- and save files: without a screen in vistrel-run, on the desktop in
- vistrel-viewer. Cameras are GigE Vision and USB3 Vision devices, and a
- simulated one.")
+Short Python scripts open cameras, take pictures, measure them, draw charts
+and save files: without a screen in vistrel-run, on the desktop in
+vistrel-viewer. Cameras are GigE Vision and USB3 Vision devices, and a
+simulated one.")
 
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME vistrel-dev)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS qt6-base-dev)
 set(CPACK_COMPONENT_DEVELOPMENT_DESCRIPTION "Python scripts for cameras and images - headers
- The interfaces between the Vistrel scripting plugin and the application that
- loads it, for makers of such an application.")
+The interfaces between the Vistrel scripting plugin and the application that
+loads it, for makers of such an application.")
 include(CPack)

@@ -22,12 +22,12 @@ rm -rf "$build/packages"
 packages=("$build"/packages/*.deb)
 printf '%s\n' "${packages[@]}"
 dpkg-deb --field "$build"/packages/vistrel_*.deb Package Version Installed-Size Depends
-lintian --allow-root --no-tag-display-limit --fail-on error "${packages[@]}"
+lintian --allow-root --tag-display-limit 0 --fail-on error "${packages[@]}"
 
 work=$(mktemp -d)
 trap clean_up EXIT
 clean_up() {
-    umount -q "$work/root/proc" || true
+    mountpoint -q "$work/root/proc" && umount "$work/root/proc"
     rm -rf --one-file-system "$work"
 }
 example=/usr/share/vistrel/examples/first_light.py
@@ -57,8 +57,10 @@ in_fresh_root() {
 
 # Where this machine gets its own packages from.
 mirror() {
-    grep -rhoE 'https?://[^ ]+/debian/?( |$)' /etc/apt/sources.list /etc/apt/sources.list.d 2>/dev/null |
-        head -1 | grep . || echo http://deb.debian.org/debian
+    local found
+    found=$(cat /etc/apt/sources.list /etc/apt/sources.list.d/* 2>/dev/null |
+        grep -v '^#' | grep -oE 'https?://[^ ]+/debian/?( |$)' | tr -d ' ') || true
+    echo "${found%%$'\n'*}" | grep . || echo http://deb.debian.org/debian
 }
 
 if [ "${2:-}" = --no-fresh-root ] || [ "$(id -u)" -ne 0 ]; then

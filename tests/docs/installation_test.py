@@ -76,7 +76,7 @@ class Installed(unittest.TestCase):
     def test_installs_what_belongs_to_it(self) -> None:
         for name in ("lib/vistrel/libvistrel_host.so", "lib/vistrel/libvistrel_codecs.so",
                      "lib/vistrel/plugins/libvistrel_python_script.so", "bin/vistrel-stop-window",
-                     "share/man/man1/vistrel-run.1", "share/man/man1/vistrel-viewer.1",
+                     "share/man/man1/vistrel-run.1.gz", "share/man/man1/vistrel-viewer.1.gz",
                      "share/bash-completion/completions/vistrel-run",
                      "share/applications/vistrel-viewer.desktop",
                      "share/vistrel/stubs/vistrel-stubs/__init__.pyi",
