@@ -10,8 +10,8 @@ from pathlib import Path
 ROOT = Path(__file__).resolve().parents[2]
 PLUGIN = ROOT / "plugins" / "python_script"
 ARCHITECTURE = ROOT / "docs" / "architecture.md"
-PAGES = [ARCHITECTURE, ROOT / "README.md", ROOT / "CONTRIBUTING.md", ROOT / "docs" / "host.md",
-         ROOT / "docs" / "chains.md", ROOT / "docs" / "cookbook.md", ROOT / "examples" / "README.md"]
+PAGES = [ARCHITECTURE, ROOT / "README.md", ROOT / "CONTRIBUTING.md", ROOT / "examples" / "README.md",
+         *(ROOT / "docs" / name for name in ("chains.md", "cookbook.md", "host.md", "viewer.md"))]
 NAMED = re.compile(r"`((?:[\w.-]+/)*[\w-]+\.(?:cpp|h|py|pyi|md|sh|cmake|txt))`")
 FOLDER = re.compile(r"`((?:host|host_api|plugins|tests|docs|examples|benchmarks|scripts|Func\w+)"
                     r"(?:/[\w-]+)*)/?`")
@@ -26,9 +26,9 @@ def tracked() -> "list[str]":
 
 
 def places(name: str) -> "list[Path]":
-    """Where a name may mean: from the top, from the page of the plugin, beside a page."""
-    return [ROOT / name, PLUGIN / name, PLUGIN / "FuncGraph" / name, ROOT / "docs" / name,
-            ROOT / "examples" / name]
+    """Where a name may mean: from the top, within the part that is spoken of, beside a page."""
+    return [ROOT / name, PLUGIN / name, PLUGIN / "FuncGraph" / name, ROOT / "host" / "viewer" / name,
+            ROOT / "docs" / name, ROOT / "examples" / name]
 
 
 def section(title: str) -> str:
