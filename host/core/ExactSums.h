@@ -6,9 +6,11 @@
 #include <CxHistoData.h>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstddef>
 #include <limits>
+#include <numeric>
 #include <type_traits>
 #include <vector>
 
@@ -42,57 +44,181 @@ constexpr auto withoutSign(Element value)
                                  ^ static_cast<Unsigned>(signOffset<Element>));
 }
 
+/// What sums of the squares of a part are held in. The sums themselves need 32 bits.
+template<class Element>
+using SquaresOfPart = std::conditional_t<sizeof(Element) == 1, quint32, quint64>;
+/// As many values as such sums hold.
+inline constexpr std::size_t mostValuesOfPart = 65536;
+
 /// Exact sums of the values of one channel, for elements of at most 16 bits.
 template<class Element>
-class ExactSums {
-public:
-    void addRun(const Element* run, std::size_t count)
+struct ExactTotal {
+    using Unsigned = std::make_unsigned_t<Element>;
+
+    /// Adds values side by side.
+    void addRun(const Element* run, std::size_t values)
     {
-        m_count += count;
-        while (count > 0) { // as many as 32-bit sums hold
-            const std::size_t part = std::min<std::size_t>(count, 65536);
+        while (values > 0) {
+            const std::size_t part = std::min(values, mostValuesOfPart);
             addPart(run, part);
             run += part;
-            count -= part;
+            values -= part;
         }
     }
 
-    bool isEmpty() const { return m_count == 0; }
-    CxHistoData::CxPixelStats stats() const
+    void add(quint64 newSum, quint64 newSquares, Unsigned newSmallest, Unsigned newLargest)
     {
-        const qint64 offset = signOffset<Element>;
-        return statsOfExactSums(m_count, m_sum, m_squares, static_cast<double>(m_smallest + offset),
-                                static_cast<double>(m_largest + offset), offset);
+        sum += newSum;
+        squares += newSquares;
+        smallest = std::min(smallest, newSmallest);
+        largest = std::max(largest, newLargest);
+    }
+
+    void addPart(const Element* run, std::size_t values)
+    {
+        quint32 partSum = 0;
+        SquaresOfPart<Element> partSquares = 0;
+        Unsigned partSmallest = smallest;
+        Unsigned partLargest = largest;
+        for (std::size_t i = 0; i < values; ++i) {
+            const Unsigned value = withoutSign(run[i]);
+            partSum += value;
+            partSquares += quint32{value} * value;
+            partSmallest = std::min(partSmallest, value);
+            partLargest = std::max(partLargest, value);
+        }
+        add(partSum, partSquares, partSmallest, partLargest);
+    }
+
+    quint64 count = 0;
+    quint64 sum = 0;
+    quint64 squares = 0;
+    Unsigned smallest = std::numeric_limits<Unsigned>::max();
+    Unsigned largest = 0;
+};
+
+/// Exact sums of values that lie side by side, each for itself: they become vector registers.
+template<class Element>
+class ExactLanes {
+public:
+    static constexpr std::size_t size = 16 / sizeof(Element);
+
+    /// Adds blocks of `size` values, whose beginnings are `step` values apart.
+    void addBlocks(const Element* values, std::size_t blocks, std::size_t step)
+    {
+        ExactLanes lanes = *this; // a copy that nothing else points to stays in registers
+        for (; blocks > 0; --blocks, values += step)
+            for (std::size_t i = 0; i < size; ++i)
+                lanes.addValue(i, withoutSign(values[i]));
+        *this = lanes;
+    }
+
+    void addLaneTo(ExactTotal<Element>& total, std::size_t i) const
+    {
+        total.add(m_sums[i], m_squares[i], m_smallest[i], m_largest[i]);
     }
 
 private:
     using Unsigned = std::make_unsigned_t<Element>;
-    using Squares = std::conditional_t<sizeof(Element) == 1, quint32, quint64>;
 
-    void addPart(const Element* run, std::size_t count)
+    static constexpr std::array<Unsigned, size> filledWith(Unsigned value)
     {
-        quint32 sum = 0;
-        Squares squares = 0;
-        Unsigned smallest = m_smallest;
-        Unsigned largest = m_largest;
-        for (std::size_t i = 0; i < count; ++i) {
-            const Unsigned value = withoutSign(run[i]);
-            sum += value;
-            squares += quint32{value} * value;
-            smallest = std::min(smallest, value);
-            largest = std::max(largest, value);
-        }
-        m_sum += sum;
-        m_squares += squares;
-        m_smallest = smallest;
-        m_largest = largest;
+        std::array<Unsigned, size> values{};
+        values.fill(value);
+        return values;
     }
 
-    quint64 m_count = 0;
-    quint64 m_sum = 0;
-    quint64 m_squares = 0;
-    Unsigned m_smallest = std::numeric_limits<Unsigned>::max();
-    Unsigned m_largest = 0;
+    void addValue(std::size_t i, Unsigned value)
+    {
+        m_sums[i] += value;
+        m_squares[i] += quint32{value} * value;
+        m_smallest[i] = std::min(m_smallest[i], value);
+        m_largest[i] = std::max(m_largest[i], value);
+    }
+
+    std::array<quint32, size> m_sums{};
+    std::array<SquaresOfPart<Element>, size> m_squares{};
+    std::array<Unsigned, size> m_smallest = filledWith(std::numeric_limits<Unsigned>::max());
+    std::array<Unsigned, size> m_largest{};
+};
+
+/// Exact sums for each channel of pixels that lie side by side, for elements of at most 16 bits.
+/// The channels are not taken apart: every so many registers, each value of a register belongs to
+/// the same channel again.
+template<class Element>
+class ExactChannelSums {
+public:
+    explicit ExactChannelSums(std::size_t channels)
+        : m_totals(channels)
+        , m_lanes(channels / std::gcd(channels, lanes))
+    {
+    }
+
+    /// The first value is of the first channel; the last may be of any.
+    void addLine(const Element* line, std::size_t values)
+    {
+        for (std::size_t c = 0; c < m_totals.size(); ++c)
+            m_totals[c].count += (values + m_totals.size() - 1 - c) / m_totals.size();
+        if (m_totals.size() == 1) { // the compiler knows a quicker way for these
+            m_totals.front().addRun(line, values);
+            return;
+        }
+        const std::size_t period = m_lanes.size() * lanes;
+        if (period == 0) // no channels
+            return;
+        while (values >= period) {
+            const std::size_t blocks = std::min(values / period, mostValuesOfPart - m_blocks);
+            addBlocks(line, blocks);
+            line += blocks * period;
+            values -= blocks * period;
+        }
+        addRest(line, values);
+    }
+
+    bool isEmpty(std::size_t channel) const { return m_totals[channel].count == 0; }
+    CxHistoData::CxPixelStats stats(std::size_t channel)
+    {
+        flush();
+        const ExactTotal<Element>& total = m_totals[channel];
+        const qint64 offset = signOffset<Element>;
+        return statsOfExactSums(total.count, total.sum, total.squares,
+                                static_cast<double>(total.smallest + offset),
+                                static_cast<double>(total.largest + offset), offset);
+    }
+
+private:
+    static constexpr std::size_t lanes = ExactLanes<Element>::size;
+
+    void addBlocks(const Element* values, std::size_t blocks)
+    {
+        for (std::size_t i = 0; i < m_lanes.size(); ++i)
+            m_lanes[i].addBlocks(values + i * lanes, blocks, m_lanes.size() * lanes);
+        m_blocks += blocks;
+        if (m_blocks == mostValuesOfPart)
+            flush();
+    }
+
+    void addRest(const Element* values, std::size_t count)
+    {
+        for (std::size_t c = 0; c < m_totals.size(); ++c) {
+            for (std::size_t i = c; i < count; i += m_totals.size()) {
+                const auto value = withoutSign(values[i]);
+                m_totals[c].add(value, quint32{value} * value, value, value);
+            }
+        }
+    }
+
+    void flush()
+    {
+        for (std::size_t i = 0; i < m_lanes.size() * lanes; ++i)
+            m_lanes[i / lanes].addLaneTo(m_totals[i % m_totals.size()], i % lanes);
+        std::fill(m_lanes.begin(), m_lanes.end(), ExactLanes<Element>());
+        m_blocks = 0;
+    }
+
+    std::vector<ExactTotal<Element>> m_totals; ///< by channel
+    std::vector<ExactLanes<Element>> m_lanes;  ///< as many as values repeat their channels after
+    std::size_t m_blocks = 0;                  ///< what each of the lanes has added up
 };
 
 /// Exact sums for each of many columns, for elements of at most 16 bits.

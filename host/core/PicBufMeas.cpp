@@ -9,8 +9,6 @@
 
 #include <CxImageData.h>
 
-#include <array>
-
 using vistrel::AlignedPicture;
 using vistrel::PixelRect;
 
@@ -69,43 +67,35 @@ QList<QString> filterNames(ExColorFilterArray pattern)
     }
 }
 
+template<class Element>
+using ChannelSums = typename vistrel::SumsFor<Element>::Channels;
+
 template<class Element, class Lines>
 void measureChannels(CxHistoData& result, std::size_t channels, std::size_t pixels, Lines lines)
 {
-    std::vector<typename vistrel::SumsFor<Element>::Channel> sums(channels);
-    vistrel::ChannelRuns<Element> runs(channels, pixels);
-    lines([&](const Element* line) {
-        runs.load(line);
-        for (std::size_t c = 0; c < channels; ++c)
-            sums[c].addRun(runs.run(c), pixels);
-    });
-    for (const auto& channel : sums)
-        result.stats << channel.stats();
+    ChannelSums<Element> sums(channels);
+    lines([&](const Element* line) { sums.addLine(line, channels * pixels); });
+    for (std::size_t c = 0; c < channels; ++c)
+        result.stats << sums.stats(c);
 }
 
-/// Positions of which the rectangle has no pixel are left out.
+/// Even and odd columns are like two channels. Positions of which the rectangle has no pixel are
+/// left out.
 template<class Element>
 void measureFilterPositions(CxHistoData& result, const SxPicBuf& buffer, const PixelRect& rect)
 {
-    std::array<typename vistrel::SumsFor<Element>::Channel, 4> sums{};
-    const auto pixels = static_cast<std::size_t>(rect.width());
-    std::vector<Element> half((pixels + 1) / 2);
+    std::vector<ChannelSums<Element>> sums(2, ChannelSums<Element>(2)); // of even and odd lines
     auto row = static_cast<std::size_t>(rect.top);
     vistrel::forEachLineOf<Element>(buffer, rect, [&](const Element* line) {
-        for (std::size_t first = 0; first < std::min<std::size_t>(pixels, 2); ++first) {
-            const std::size_t count = (pixels - first + 1) / 2;
-            vistrel::takeEvery(line + first, 2, count, half.data());
-            const auto column = static_cast<std::size_t>(rect.left) + first;
-            sums[row % 2 * 2 + column % 2].addRun(half.data(), count);
-        }
-        ++row;
+        sums[row++ % 2].addLine(line, static_cast<std::size_t>(rect.width()));
     });
     const QList<QString> names = filterNames(buffer.colorFilterArray);
-    for (std::size_t position = 0; position < sums.size(); ++position) {
-        if (sums[position].isEmpty())
+    for (std::size_t position = 0; position < 4; ++position) {
+        const std::size_t column = (position + static_cast<std::size_t>(rect.left)) % 2;
+        if (sums[position / 2].isEmpty(column))
             continue;
         result.channelNames << names[static_cast<qsizetype>(position)];
-        result.stats << sums[position].stats();
+        result.stats << sums[position / 2].stats(column);
     }
 }
 
@@ -131,14 +121,11 @@ using StatsLists = QList<QList<CxHistoData::CxPixelStats>>;
 template<class Element, class Lines>
 void measureRows(StatsLists& stats, std::size_t channels, std::size_t pixels, Lines lines)
 {
-    vistrel::ChannelRuns<Element> runs(channels, pixels);
     lines([&](const Element* line) {
-        runs.load(line);
-        for (std::size_t c = 0; c < channels; ++c) {
-            typename vistrel::SumsFor<Element>::Channel sums;
-            sums.addRun(runs.run(c), pixels);
-            stats[static_cast<qsizetype>(c)] << sums.stats();
-        }
+        ChannelSums<Element> sums(channels);
+        sums.addLine(line, channels * pixels);
+        for (std::size_t c = 0; c < channels; ++c)
+            stats[static_cast<qsizetype>(c)] << sums.stats(c);
     });
 }
 

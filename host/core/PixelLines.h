@@ -21,38 +21,37 @@ void takeEvery(const Element* from, std::size_t step, std::size_t count, Element
         to[i] = *from;
 }
 
-/// The pixels of a line as one run a channel.
+/// The values of a line as one run a channel.
 template<class Element>
 class ChannelRuns {
 public:
-    ChannelRuns(std::size_t channels, std::size_t pixels)
-        : m_channels(channels)
-        , m_pixels(pixels)
-        , m_values(channels > 1 ? channels * pixels : 0)
+    explicit ChannelRuns(std::size_t channels)
+        : m_runs(channels)
     {
-        constexpr auto mostPixels = static_cast<std::size_t>(std::numeric_limits<int>::max());
-        if (channels < 2 || channels > 4 || pixels > mostPixels)
-            return;
-        for (std::size_t c = 0; c < channels; ++c)
-            m_runs.emplace_back(1, static_cast<int>(pixels), carrier, &m_values[c * pixels]);
     }
 
-    void load(const Element* interleaved)
+    /// The first value is of the first channel; the last may be of any.
+    void load(const Element* interleaved, std::size_t values)
     {
         m_line = interleaved;
-        if (!m_runs.empty()) {
-            const cv::Mat pixels(1, static_cast<int>(m_pixels),
-                                 CV_MAKETYPE(carrier, static_cast<int>(m_channels)),
-                                 const_cast<Element*>(interleaved)); // it is only read
-            cv::split(pixels, m_runs.data());
-        } else if (m_channels > 1) {
-            for (std::size_t c = 0; c < m_channels; ++c)
-                takeEvery(m_line + c, m_channels, m_pixels, &m_values[c * m_pixels]);
-        }
+        m_count = values;
+        if (m_runs.size() == 1)
+            return;
+        for (std::size_t c = 0; c < m_runs.size(); ++c)
+            m_runs[c].resize(count(c));
+        if (isSplitByOpenCV())
+            split();
+        else
+            for (std::size_t c = 0; c < m_runs.size(); ++c)
+                takeEvery(m_line + c, m_runs.size(), count(c), m_runs[c].data());
     }
     const Element* run(std::size_t channel) const
     {
-        return m_channels == 1 ? m_line : &m_values[channel * m_pixels];
+        return m_runs.size() == 1 ? m_line : m_runs[channel].data();
+    }
+    std::size_t count(std::size_t channel) const
+    {
+        return (m_count + m_runs.size() - 1 - channel) / m_runs.size();
     }
 
 private:
@@ -62,11 +61,26 @@ private:
                                    : sizeof(Element) == 4 ? CV_32S
                                                           : CV_64F;
 
-    std::size_t m_channels;
-    std::size_t m_pixels;
-    std::vector<Element> m_values;
-    std::vector<cv::Mat> m_runs; ///< over m_values, where OpenCV splits
+    bool isSplitByOpenCV() const
+    {
+        return m_runs.size() <= 4 && m_count % m_runs.size() == 0
+               && m_count <= static_cast<std::size_t>(std::numeric_limits<int>::max());
+    }
+
+    void split()
+    {
+        const auto pixels = static_cast<int>(count(0));
+        const cv::Mat line(1, pixels, CV_MAKETYPE(carrier, static_cast<int>(m_runs.size())),
+                           const_cast<Element*>(m_line)); // it is only read
+        std::vector<cv::Mat> runs;
+        for (std::vector<Element>& values : m_runs)
+            runs.emplace_back(1, pixels, carrier, values.data());
+        cv::split(line, runs.data());
+    }
+
     const Element* m_line = nullptr;
+    std::size_t m_count = 0;
+    std::vector<std::vector<Element>> m_runs; ///< empty where the line itself is the only run
 };
 
 /// Gives every line of a rectangle inside the picture as values side by side: a pointer to the

@@ -101,6 +101,27 @@ TEST(Measuring, AgreesWithTheReferenceInEveryTypeAndLayout)
     });
 }
 
+TEST(Measuring, AgreesWithTheReferenceOnLongLinesOfAnyNumberOfChannels)
+{
+    for (const ExImageDataType type :
+         {ExImageDataType::Int8, ExImageDataType::UInt8, ExImageDataType::Int16,
+          ExImageDataType::UInt16, ExImageDataType::Float}) {
+        for (unsigned channels = 1; channels <= 9; ++channels) {
+            const Layout layout{.width = 301, .height = 4, .channels = channels, .type = type};
+            const auto image = randomImage(layout, channels);
+            const QRect rect(1, 1, 299, 3);
+            const CxHistoData result = measured(*image, rect);
+            CxProfileData rows;
+            ASSERT_TRUE(
+                CxPicBufMeas::measureRowsColumnsProfileStats(true, rows, image.get(), rect));
+            for (int c = 0; c < static_cast<int>(channels); ++c) {
+                expectSame(result.stats[c], referenceIn(*image->picBuf(), rect, c));
+                expectSame(rows.stats[c][2], referenceIn(*image->picBuf(), QRect(1, 3, 299, 1), c));
+            }
+        }
+    }
+}
+
 TEST(Measuring, ProfilesAgreeWithTheReferenceInEveryTypeAndLayout)
 {
     forEachLayout([](const Layout& layout) {
@@ -158,6 +179,15 @@ TEST(Measuring, SumsOfManyLargeValuesDoNotOverflow)
     const auto words = newImage({.width = 70001, .height = 3, .type = ExImageDataType::UInt16});
     fill<quint16>(*words->picBuf(), {65535});
     expectSame(measured(*words, QRect(0, 0, 70001, 3)).stats[0], {65535, 65535, 65535, 0, 65535});
+    // Pixels of three channels are added up side by side, 16 bytes or 8 words at once.
+    const QRect wide(0, 0, 70001, 50);
+    const auto byteColors = newImage({.width = 70001, .height = 50, .channels = 3});
+    fill<quint8>(*byteColors->picBuf(), {255});
+    expectSame(measured(*byteColors, wide).stats[2], {255, 255, 255, 0, 255});
+    const auto wordColors =
+        newImage({.width = 70001, .height = 50, .channels = 3, .type = ExImageDataType::UInt16});
+    fill<quint16>(*wordColors->picBuf(), {65535});
+    expectSame(measured(*wordColors, wide).stats[2], {65535, 65535, 65535, 0, 65535});
     const auto high = newImage({.width = 2, .height = 70001});
     fill<quint8>(*high->picBuf(), {255});
     CxProfileData columns;
@@ -250,6 +280,34 @@ TEST(Measuring, SplitsRawDataIntoTheColorsOfItsFilter)
                 EXPECT_EQ(result.stats[i].mean, values[result.channelNames[i]]);
                 EXPECT_EQ(result.stats[i].standardDeviation, 0.0);
             }
+        }
+    }
+}
+
+/// The values of a rectangle at one of the four positions of a filter.
+std::vector<long double> valuesAt(std::size_t position, const SxPicBuf& buffer, const QRect& rect)
+{
+    std::vector<long double> values;
+    for (auto y = static_cast<std::size_t>(rect.top()); y <= std::size_t(rect.bottom()); ++y)
+        for (auto x = static_cast<std::size_t>(rect.left()); x <= std::size_t(rect.right()); ++x)
+            if (y % 2 * 2 + x % 2 == position)
+                values.push_back(channelValue(buffer, x, y, 0));
+    return values;
+}
+
+TEST(Measuring, SplitsLongLinesOfRawDataOfAnyType)
+{
+    for (const ExImageDataType type :
+         {ExImageDataType::UInt8, ExImageDataType::UInt16, ExImageDataType::Float}) {
+        const auto image = randomImage({.width = 203, .height = 6, .type = type}, 7);
+        image->picBuf()->colorFilterArray = ExColorFilterArray::RGGB;
+        for (const QRect& rect : {QRect(0, 0, 203, 6), QRect(1, 1, 200, 5), QRect(2, 1, 199, 4)}) {
+            const CxHistoData result =
+                measured(*image, rect, CxHistoData::Statistics | CxHistoData::SplitRawColors);
+            ASSERT_EQ(result.stats.size(), 4);
+            for (int position = 0; position < 4; ++position)
+                expectSame(result.stats[position],
+                           statsOf(valuesAt(std::size_t(position), *image->picBuf(), rect)));
         }
     }
 }
