@@ -1,11 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The Vistrel Python scripting authors
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Takes single channels out of pictures.
+// Takes single channels out of pictures and exchanges the outer ones.
 #include <CxPicBufAPI.h>
 
 #include "core/Packed565.h"
 #include "core/PicBufMat.h"
 #include "core/PicBufView.h"
+
+#include <opencv2/imgproc.hpp>
 
 #include <cstring>
 
@@ -80,6 +82,59 @@ bool extractAny(const SxPicBuf& source, const SxPicBuf& target, std::size_t chan
     return true;
 }
 
+/// Moves elements as raw bytes, as above.
+template<std::size_t ElementSize>
+void swapFirstAndThird(const SxPicBuf& buffer)
+{
+    const std::size_t pixelBytes = buffer.channels * ElementSize;
+    for (std::size_t y = 0; y < buffer.height; ++y) {
+        quint8* pixel = buffer.data + y * buffer.stride;
+        for (quint8* const end = pixel + buffer.width * pixelBytes; pixel != end;
+             pixel += pixelBytes) {
+            quint8 first[ElementSize];
+            std::memcpy(first, pixel, ElementSize);
+            std::memcpy(pixel, pixel + 2 * ElementSize, ElementSize);
+            std::memcpy(pixel + 2 * ElementSize, first, ElementSize);
+        }
+    }
+}
+
+/// OpenCV's loop is quicker. It writes each pixel where it read it, so that it may work in place;
+/// given one matrix twice it would copy the picture first.
+bool swapByOpenCv(const SxPicBuf& buffer)
+{
+    const unsigned bits = vistrel::elementBits(buffer);
+    if (buffer.channels > 4 || bits > 16 || !vistrel::hasPixels(buffer) || !vistrel::fitsMat(buffer)
+        || !vistrel::isAligned(buffer))
+        return false;
+    const int depth = bits == 8 ? CV_8U : CV_16U;
+    const cv::Mat pixels = vistrel::matOver(buffer, depth, static_cast<int>(buffer.channels));
+    cv::Mat samePixels = vistrel::matOver(buffer, depth, static_cast<int>(buffer.channels));
+    cv::cvtColor(pixels, samePixels,
+                 buffer.channels == 3 ? cv::COLOR_RGB2BGR : cv::COLOR_RGBA2BGRA);
+    return true;
+}
+
+void swapAny(const SxPicBuf& buffer)
+{
+    if (swapByOpenCv(buffer))
+        return;
+    switch (vistrel::elementBits(buffer)) {
+    case 8:
+        swapFirstAndThird<1>(buffer);
+        break;
+    case 16:
+        swapFirstAndThird<2>(buffer);
+        break;
+    case 32:
+        swapFirstAndThird<4>(buffer);
+        break;
+    default:
+        swapFirstAndThird<8>(buffer);
+        break;
+    }
+}
+
 } // namespace
 
 bool CxPicBufAPI::ExtractChannel(const SxPicBuf& source, SxPicBuf& target, unsigned channel)
@@ -92,4 +147,17 @@ bool CxPicBufAPI::ExtractChannel(const SxPicBuf& source, SxPicBuf& target, unsig
         return false;
     return vistrel::guarded("Extracting a channel",
                             [&] { return extractAny(source, target, channel); });
+}
+
+bool CxPicBufAPI::SwapRedAndBlue(SxPicBuf& buffer)
+{
+    if (buffer.data == nullptr || buffer.channels < 3 || vistrel::isPacked(buffer))
+        return false;
+    const bool isSwapped = vistrel::guarded("Exchanging red and blue", [&] {
+        swapAny(buffer);
+        return true;
+    });
+    if (isSwapped)
+        buffer.isRgb = !buffer.isRgb;
+    return isSwapped;
 }

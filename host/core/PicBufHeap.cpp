@@ -112,24 +112,6 @@ void copyFrameMetadata(SxPicBuf& target, const SxPicBuf& source)
     target.saturation = source.saturation; // it belongs to the values that were copied
 }
 
-/// Moves elements as raw bits: the same for signed, unsigned and floating-point values, and for
-/// lines that a stride has put on odd addresses.
-template<std::size_t ElementSize>
-void swapFirstAndThird(SxPicBuf& buffer)
-{
-    const std::size_t pixelBytes = buffer.channels * ElementSize;
-    for (std::size_t y = 0; y < buffer.height; ++y) {
-        quint8* pixel = buffer.data + y * buffer.stride;
-        for (quint8* const end = pixel + buffer.width * pixelBytes; pixel != end;
-             pixel += pixelBytes) {
-            quint8 first[ElementSize];
-            std::memcpy(first, pixel, ElementSize);
-            std::memcpy(pixel, pixel + 2 * ElementSize, ElementSize);
-            std::memcpy(pixel + 2 * ElementSize, first, ElementSize);
-        }
-    }
-}
-
 } // namespace
 
 vistrel::PicBufAllocator vistrel::setPicBufAllocator(PicBufAllocator allocator)
@@ -196,28 +178,5 @@ bool CxPicBufAPI::CopyPicBuf(SxPicBuf& target, const SxPicBuf& source, bool copy
         copyLines(target, source);
     if (copyMetadata)
         copyFrameMetadata(target, source);
-    return true;
-}
-
-bool CxPicBufAPI::SwapRedAndBlue(SxPicBuf& buffer)
-{
-    if (buffer.data == nullptr || buffer.channels < 3
-        || buffer.dataType == ExImageDataType::Packed565)
-        return false;
-    switch (buffer.bytesPerPixel() / buffer.channels) {
-    case 1:
-        swapFirstAndThird<1>(buffer);
-        break;
-    case 2:
-        swapFirstAndThird<2>(buffer);
-        break;
-    case 4:
-        swapFirstAndThird<4>(buffer);
-        break;
-    default:
-        swapFirstAndThird<8>(buffer);
-        break;
-    }
-    buffer.isRgb = !buffer.isRgb;
     return true;
 }

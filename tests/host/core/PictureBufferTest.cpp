@@ -8,6 +8,7 @@
 #include <array>
 #include <cstdlib>
 #include <cstring>
+#include <numeric>
 
 namespace {
 
@@ -321,6 +322,28 @@ TEST(PictureBuffer, RedAndBlueChangePlacesInEveryElementSize)
         expectSwapped<quint64>(UInt64, channels);
         expectSwapped<float>(Float, channels);
         expectSwapped<double>(Double, channels);
+    }
+}
+
+TEST(PictureBuffer, RedAndBlueChangePlacesOnLinesOfAnyLengthAndNothingElseDoes)
+{
+    for (const unsigned channels : {3U, 4U, 5U}) {
+        for (unsigned width = 1; width < 100; ++width) {
+            const unsigned stride = width * channels + width % 3;
+            SxPicBuf buffer =
+                newBuffer({.width = width, .height = 2, .channels = channels, .stride = stride});
+            std::vector<quint8> expected(std::size_t{stride} * 2);
+            std::iota(expected.begin(), expected.end(), quint8{0});
+            std::copy(expected.begin(), expected.end(), buffer.data);
+            for (std::size_t y = 0; y < 2; ++y)
+                for (std::size_t x = 0; x < width; ++x)
+                    std::swap(expected[y * stride + x * channels],
+                              expected[y * stride + x * channels + 2]);
+            ASSERT_TRUE(CxPicBufAPI::SwapRedAndBlue(buffer));
+            ASSERT_EQ(std::vector<quint8>(buffer.data, buffer.data + expected.size()), expected)
+                << width << " of " << channels;
+            CxPicBufAPI::FreePicBuf(buffer, true);
+        }
     }
 }
 
