@@ -1265,6 +1265,8 @@ class Graph:
         Take one of 4 channels for right colours: in an image of 3 channels red
         and blue come out exchanged, a red line is drawn blue. Only for scripts
         on the GUI thread, which a run is on; threads that it starts are not.
+        What lies more than 8388607 pixels to the right or down is not painted,
+        and a line in the log says so.
 
         Args:
             image: 3 or 4 channels of 8 bits, as alloc() makes them.

@@ -89,6 +89,57 @@ TEST_F(GraphExport, AManualXRangeIsShownExactlyWhileYFitsTheData)
     EXPECT_TRUE(chart.shows(Qt::red, 15, 150, ranges));
 }
 
+TEST_F(GraphExport, AFittedAxisTakesInWhatTheOtherAxisLeavesOut)
+{
+    const std::string line = series("(0, 0), (10, 100), (20, 100), (30, 400)");
+    EXPECT_TRUE(
+        draw(line + "g.set_x_axis_range(10, 20)").shows(Qt::red, 15, 100, {10, 0, 10, 400}));
+    EXPECT_TRUE(draw(line + "g.set_y_axis_range(0, 100)").shows(Qt::red, 5, 50, {0, 0, 30, 100}));
+}
+
+TEST_F(GraphExport, BothAxesFitAllSeriesAndLaterOnesAreDrawnOverEarlierOnes)
+{
+    const ChartPicture chart = draw(series("(0, 5), (20, 25)") + series("(10, 15), (40, 45)"));
+    const QRectF ranges(0, 5, 40, 40);
+    EXPECT_TRUE(chart.shows(Qt::red, 5, 10, ranges));
+    EXPECT_TRUE(chart.shows(Qt::blue, 30, 35, ranges));
+    EXPECT_TRUE(chart.shows(Qt::blue, 15, 20, ranges));
+    EXPECT_FALSE(chart.shows(Qt::red, 15, 20, ranges)) << "the blue line covers it";
+}
+
+TEST_F(GraphExport, ALineIsTwoPixelsWide)
+{
+    const ChartPicture chart = draw(series("(0, 5), (10, 5)")
+                                    + "g.set_y_axis_range(0, 10); g.set_grid_color(255, 255, 255)");
+    double covered = 0.0; // by red, of white
+    for (int y = 0; y < 300; ++y) {
+        const QColor color = chart.image().pixelColor(215, y);
+        covered += (color.red() - color.green()) / 255.0;
+    }
+    EXPECT_NEAR(covered, 2.0, 0.05);
+}
+
+TEST_F(GraphExport, AxesTicksAndLabelsHaveTheAxesColor)
+{
+    const ChartPicture chart =
+        draw("g.set_axes_color(0, 0, 255); g.set_grid_color(255, 255, 255)", Qt::blue);
+    ASSERT_TRUE(chart.hasAxes());
+    // Between white and blue, and nothing else.
+    for (int y = 0; y < 300; ++y) {
+        for (int x = 0; x < 400; ++x) {
+            const QColor color = chart.image().pixelColor(x, y);
+            ASSERT_TRUE(color.blue() == 255 && color.red() == color.green())
+                << x << ' ' << y << ' ' << qPrintable(color.name());
+        }
+    }
+}
+
+TEST_F(GraphExport, DrawingLeavesTheOrderOfThePointsAsItIs)
+{
+    draw(series("(3, 1), (1, 2)") + "g.draw_into_image(p); g.copy_series_data_to_clipboard(1)");
+    EXPECT_EQ(clipboardText(), QStringLiteral("x\ty\n3\t1\n1\t2\n"));
+}
+
 TEST_F(GraphExport, LinesFarOutsideLeaveThePictureInTheRightDirection)
 {
     const ChartPicture chart = draw(series("(-1e6, -2e6), (1e6, 2e6)")
@@ -253,6 +304,30 @@ TEST_F(GraphExport, APictureWithoutPixelsIsLeftAlone)
     EXPECT_EQ(run("vistrel.Graph().draw_into_image(p)"), QString());
     EXPECT_TRUE(bound->picBuf()->isRgb);
     bound->picBuf()->data = vanished.data;
+}
+
+TEST_F(GraphExport, APictureBeyondThePaintersReachIsPaintedThatFarAndLogged)
+{
+    constexpr unsigned reach = 8388607;
+    for (const bool isWide : {true, false}) {
+        for (const unsigned length : {reach, reach + 1}) {
+            const SxPicBuf& picture =
+                *bindPicture(isWide ? length : 1, isWide ? 1 : length).picBuf();
+            log.clear();
+            EXPECT_EQ(run("g = vistrel.Graph()\ng.set_background_color(9, 9, 9)\n"
+                          "g.draw_into_image(p)"),
+                      QString());
+            EXPECT_EQ(picture.data[std::size_t{reach - 1} * 4], 9);
+            EXPECT_EQ(log.size(), length > reach ? 1 : 0);
+        }
+        EXPECT_EQ(bound->picBuf()->data[std::size_t{reach} * 4], 0);
+        const QString size = isWide ? QStringLiteral("8388608 x 1") : QStringLiteral("1 x 8388608");
+        EXPECT_TRUE(
+            log.last().endsWith(QStringLiteral("fx_script_DrawIntoImage(): the picture has ") + size
+                                + QStringLiteral(" pixels, of which a chart takes 8388607 "
+                                                 "in each direction")))
+            << qPrintable(log.last());
+    }
 }
 
 TEST_F(GraphExport, TheClipboardGetsTheFirstSeriesForNumberOne)

@@ -167,6 +167,15 @@ TEST_F(GraphObject, AnEmptyObjectIsToldBeforeArgumentsAreLookedAt)
               QLatin1String(empty));
 }
 
+TEST_F(GraphObject, AFreedObjectKeepsItsReferenceToTheType)
+{
+    EXPECT_EQ(run("import sys\n"
+                  "before = sys.getrefcount(vistrel.Graph)\n"
+                  "for _ in range(100): vistrel.Graph()\n"
+                  "assert sys.getrefcount(vistrel.Graph) - before == 100\n"),
+              QString());
+}
+
 TEST_F(GraphObject, InitialisedAgainItIsANewGraph)
 {
     EXPECT_EQ(after("g.add_series(); g.__init__('x', y=1)", "g.get_series_count()"),

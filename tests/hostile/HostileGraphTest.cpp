@@ -72,6 +72,12 @@ TEST_F(HostileGraph, AMillionPointsInAnyOrderAreDrawn)
                        "graph.draw_into_image(picture(640, 480))\n"));
 }
 
+TEST_F(HostileGraph, TenMillionPointsAreDrawn)
+{
+    EXPECT_TRUE(isDone("graph = line((x, x % 977) for x in range(10**7))\n"
+                       "graph.draw_into_image(picture(640, 480))\n"));
+}
+
 TEST_F(HostileGraph, ManyEqualKeysAndNumbersThatAreNoneAreSorted)
 {
     EXPECT_TRUE(

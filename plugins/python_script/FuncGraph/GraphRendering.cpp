@@ -8,6 +8,7 @@
 #include "FuncGraph/LinePieces.h"
 #include "FuncGraph/PictureCanvas.h"
 #include "FuncGraph/UserInterface.h"
+#include "Logging.h"
 
 #include <CxImageData.h>
 
@@ -20,6 +21,8 @@
 namespace {
 
 constexpr double lineWidth = 2.0;
+/// Coordinates at which Qt's painter cuts everything off.
+constexpr int farthestPixel = (1 << 23) - 1;
 
 /// A graph that draws its line in pieces. Qt's painter takes one line through n points as one
 /// shape, at a cost that grows with n squared where the line runs up and down: half a second for
@@ -73,13 +76,18 @@ void setColors(QCPAxis& axis, const CxGraphData& graph)
 /// finite number has no place on the axis; one whose y is none leaves a gap.
 QVector<QCPGraphData> plotData(const QList<QPointF>& points)
 {
-    QVector<QCPGraphData> data;
-    data.reserve(points.size());
+    constexpr double gap = std::numeric_limits<double>::quiet_NaN();
+    QVector<QCPGraphData> data(points.size(), QCPGraphData());
+    auto next = data.begin();
     for (const QPointF& point : points) {
-        const double gap = std::numeric_limits<double>::quiet_NaN();
-        if (std::isfinite(point.x()))
-            data.append(QCPGraphData(point.x(), std::isfinite(point.y()) ? point.y() : gap));
+        if (!std::isfinite(point.x()))
+            continue;
+        // Its constructor is a call into QCustomPlot, for each of perhaps a million points.
+        next->key = point.x();
+        next->value = std::isfinite(point.y()) ? point.y() : gap;
+        ++next;
     }
+    data.erase(next, data.end());
     if (!std::is_sorted(data.cbegin(), data.cend(), qcpLessThanSortKey<QCPGraphData>))
         std::stable_sort(data.begin(), data.end(), qcpLessThanSortKey<QCPGraphData>);
     return data;
@@ -115,6 +123,18 @@ void fill(QCustomPlot& plot, const CxGraphData& graph)
     setRanges(plot, graph);
 }
 
+void logWhatIsNotPainted(const QSize& size)
+{
+    if (size.width() <= farthestPixel && size.height() <= farthestPixel)
+        return;
+    logCritical("fx_script_DrawIntoImage(): %1",
+                QStringLiteral("the picture has %1 x %2 pixels, of which a chart takes %3 in each "
+                               "direction")
+                    .arg(size.width())
+                    .arg(size.height())
+                    .arg(farthestPixel));
+}
+
 } // namespace
 
 const char* fx_script_DrawIntoImage(const CxGraphData* graph, CxImageData* image)
@@ -128,6 +148,7 @@ const char* fx_script_DrawIntoImage(const CxGraphData* graph, CxImageData* image
     PictureCanvas canvas(*image->picBuf());
     if (canvas.image().isNull())
         return nullptr;
+    logWhatIsNotPainted(canvas.image().size());
     plot.resize(canvas.image().size());
     QCPPainter painter(&canvas.image());
     plot.toPainter(&painter, 0, 0);
