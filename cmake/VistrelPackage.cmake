@@ -14,7 +14,10 @@ install(DIRECTORY examples/ DESTINATION share/vistrel/examples FILES_MATCHING PA
         PATTERN "minimal_host" EXCLUDE)
 install(DIRECTORY host_api/ DESTINATION include/vistrel COMPONENT development
         FILES_MATCHING PATTERN "*.h")
-install(FILES "${packaging}/copyright" DESTINATION share/doc/vistrel-dev COMPONENT development)
+install(FILES "${packaging}/copyright" docs/host.md DESTINATION share/doc/vistrel-dev
+        COMPONENT development)
+install(DIRECTORY examples/minimal_host DESTINATION share/doc/vistrel-dev/examples
+        COMPONENT development)
 
 # Manual pages and changelogs are installed compressed, as Debian has them.
 find_program(GZIP_EXECUTABLE gzip REQUIRED)

@@ -80,7 +80,9 @@ class Installed(unittest.TestCase):
                      "share/bash-completion/completions/vistrel-run",
                      "share/applications/vistrel-viewer.desktop",
                      "share/vistrel/stubs/vistrel-stubs/__init__.pyi",
-                     "share/doc/vistrel/html/functions.html", "include/vistrel/CxImageData.h"):
+                     "share/doc/vistrel/html/functions.html", "include/vistrel/CxImageData.h",
+                     "share/doc/vistrel-dev/host.md",
+                     "share/doc/vistrel-dev/examples/minimal_host/main.cpp"):
             self.assertTrue((self.prefix / name).is_file(), name)
 
     def test_manual_and_help_name_the_same_options(self) -> None:
