@@ -37,9 +37,10 @@ def read_constants(source: str) -> List[Constant]:
     for node, doc in zip(body, body[1:]):
         if not isinstance(node, ast.AnnAssign) or node.value is None:
             continue
+        assert isinstance(node.target, ast.Name)
         assert isinstance(doc, ast.Expr), f"line {node.lineno}: no doc text"
         constants.append(
-            Constant(ast.unparse(node.target), ast.literal_eval(node.value),
+            Constant(node.target.id, ast.literal_eval(node.value),
                      str(ast.literal_eval(doc.value))))
     return constants
 
