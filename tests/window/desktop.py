@@ -7,7 +7,7 @@ import subprocess
 import time
 from pathlib import Path
 
-from PIL import Image, ImageGrab
+from PIL import ImageGrab
 
 TITLE = "Vistrel"
 LONGEST_SECONDS = 60.0
@@ -118,9 +118,3 @@ class Viewer:
         """Closes the window by its key; returns the exit status."""
         self.press("ctrl+q")
         return self.process.wait(LONGEST_SECONDS)
-
-
-def save(picture, path):
-    # Few colours make small files of pictures of windows.
-    picture.quantize(256, method=Image.Quantize.MEDIANCUT, dither=Image.Dither.NONE).save(
-        path, optimize=True)

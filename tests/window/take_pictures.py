@@ -8,7 +8,7 @@ import time
 from pathlib import Path
 
 import numpy
-from desktop import Screen, Viewer, save
+from desktop import Screen, Viewer
 
 LINK = (0x1D, 0x5F, 0xA8)  # in light colours
 DARK = "[General]\ndarkTheme=true\n"
@@ -44,7 +44,7 @@ while vistrel.wait_for_next_frame(5.0, view):
         vistrel.set_view_image(chart, chart_view)
     frames += 1
     if frames % 10 == 0:
-        print("frame", frames, image)
+        print("frame", frames, image.measure_rect()[0]["mean"])
 """
 
 MISTAKEN = """# Mean brightness of the regions of a part.
@@ -96,8 +96,9 @@ def take(folder, name, settings, script, text, prepare):
         (Path(place) / script).write_text(text, encoding="utf-8")
         with Viewer(screen, place, "--camera", "sim", script, settings=settings) as viewer:
             time.sleep(2)
+            viewer.press("ctrl+t")  # views fill the area
             prepare(viewer)
-            save(screen.picture(), Path(folder) / name)
+            screen.picture().save(Path(folder) / name, optimize=True)
 
 
 def main():

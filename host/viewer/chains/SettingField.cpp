@@ -5,6 +5,7 @@
 
 #include "chains/ElementSettings.h"
 
+#include <QtCore/QLocale>
 #include <QtCore/QSignalBlocker>
 #include <QtWidgets/QCheckBox>
 #include <QtWidgets/QComboBox>
@@ -21,6 +22,19 @@ using Changed = std::function<void(double)>;
 
 constexpr int decimals = 3;
 
+/// Shows 4 as "4" and not as "4.000".
+class RealBox : public QDoubleSpinBox {
+public:
+    using QDoubleSpinBox::QDoubleSpinBox;
+
+    QString textFromValue(double value) const override
+    {
+        QLocale texts = locale();
+        texts.setNumberOptions(QLocale::OmitGroupSeparator);
+        return texts.toString(value, 'f', QLocale::FloatingPointShortest);
+    }
+};
+
 SettingField wholeField(const ElementSetting& setting, Changed changed, QWidget* parent)
 {
     auto* box = new QSpinBox(parent);
@@ -35,7 +49,7 @@ SettingField wholeField(const ElementSetting& setting, Changed changed, QWidget*
 
 SettingField realField(const ElementSetting& setting, Changed changed, QWidget* parent)
 {
-    auto* box = new QDoubleSpinBox(parent);
+    auto* box = new RealBox(parent);
     box->setDecimals(decimals);
     box->setRange(setting.least, setting.most);
     box->setStepType(QAbstractSpinBox::AdaptiveDecimalStepType);

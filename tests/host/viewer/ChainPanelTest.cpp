@@ -285,6 +285,7 @@ TEST_F(ChainPanelTest, ShowsWhatAScriptAddsAndHowItIsSet)
     EXPECT_THAT(names(), ElementsAre("Median", "Threshold"));
     clickRow(1);
     EXPECT_DOUBLE_EQ(field<QDoubleSpinBox>("level").value(), 300);
+    EXPECT_EQ(field<QDoubleSpinBox>("level").text(), QStringLiteral("300"));
     EXPECT_TRUE(shows(only({0})));
 }
 
