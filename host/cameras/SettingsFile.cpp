@@ -3,11 +3,12 @@
 // A camera's settings as a file: JSON, for people to read too.
 #include "cameras/SettingsFile.h"
 
+#include "core/FileReplacement.h"
+
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
-#include <QtCore/QSaveFile>
 
 namespace vistrel {
 
@@ -108,12 +109,7 @@ bool writeSettingsFile(const QString& path, const CameraSettings& settings, QStr
                              {modelKey, settings.model},
                              {serialNumberKey, settings.serialNumber},
                              {parametersKey, parameters}};
-    const QByteArray text = QJsonDocument(object).toJson();
-    QSaveFile file(path);
-    if (file.open(QIODevice::WriteOnly) && file.write(text) == text.size() && file.commit())
-        return true;
-    error = file.errorString();
-    return false;
+    return replaceFile(path, QJsonDocument(object).toJson(), error);
 }
 
 std::optional<CameraSettings> readSettingsFile(const QString& path, QString& error)

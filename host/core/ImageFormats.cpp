@@ -3,6 +3,7 @@
 // Image files: the content is made or read in memory, files are replaced as a whole or not at all.
 #include "core/ImageFormats.h"
 #include "core/CodecModule.h"
+#include "core/FileReplacement.h"
 #include "core/ImageCodecs.h"
 #include "core/Log.h"
 
@@ -11,7 +12,6 @@
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
 #include <QtCore/QHash>
-#include <QtCore/QSaveFile>
 
 #include <memory>
 #include <new>
@@ -51,34 +51,6 @@ bool readFile(const QString& path, QByteArray& bytes, QString& error)
         return false;
     }
     return true;
-}
-
-/// A full disk may take a part: only the next attempt says why it takes no more.
-bool writeAll(QFileDevice& file, const QByteArray& bytes)
-{
-    for (qsizetype done = 0; done < bytes.size();) {
-        const qint64 written = file.write(bytes.constData() + done, bytes.size() - done);
-        if (written <= 0)
-            return false;
-        done += written;
-    }
-    return file.flush();
-}
-
-/// Writes beside the target and renames over it, so that a full disk leaves the old file whole.
-/// Devices and pipes would be replaced by a file as well, which nobody means.
-bool replaceFile(const QString& path, const QByteArray& bytes, QString& error)
-{
-    const QFileInfo existing(path);
-    if (existing.exists() && !existing.isFile()) {
-        error = QStringLiteral("there is something of that name that is no file");
-        return false;
-    }
-    QSaveFile file(path);
-    if (file.open(QIODevice::WriteOnly) && writeAll(file, bytes) && file.commit())
-        return true;
-    error = file.errorString();
-    return false;
 }
 
 class FileLoader : public IxImageLoader {

@@ -3,6 +3,7 @@
 // Set-up of the editor component, files, and what it does with whole lines.
 #include "viewer/scripts/ScriptEditor.h"
 
+#include "core/FileReplacement.h"
 #include "viewer/scripts/ApiCompletion.h"
 #include "viewer/scripts/PythonColours.h"
 #include "viewer/scripts/SelectedScript.h"
@@ -12,7 +13,6 @@
 #include <QtCore/QEvent>
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
-#include <QtCore/QSaveFile>
 #include <QtGui/QAction>
 #include <QtGui/QFontDatabase>
 #include <QtGui/QKeyEvent>
@@ -142,10 +142,9 @@ bool ScriptEditor::load(const QString& path, QString& error)
 
 bool ScriptEditor::save(const QString& path, QString& error)
 {
-    QSaveFile file(path);
-    const QByteArray bytes = text().toUtf8();
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit()) {
-        error = tr("%1 cannot be written: %2").arg(path, file.errorString());
+    QString reason;
+    if (!replaceFile(path, text().toUtf8(), reason)) {
+        error = tr("%1 cannot be written: %2").arg(path, reason);
         return false;
     }
     m_filePath = QFileInfo(path).absoluteFilePath();

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Vistrel Python scripting authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Settings files, shading presets and restarts with the defaults.
+#include "../core/FileSizeLimit.h"
 #include "DescribedCamera.h"
 
 #include "cameras/CameraParameters.h"
@@ -253,6 +254,18 @@ TEST_F(SettingsFile, ThatCannotBeWrittenIsSaidAndNothingIsLeftBehind)
     ASSERT_TRUE(QDir(folder.path()).mkdir(QStringLiteral("folder")));
     EXPECT_FALSE(save(QStringLiteral("folder")));
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden).size(), 0);
+}
+
+TEST_F(SettingsFile, StaysWholeWhenTheDiskIsFull)
+{
+    put("old");
+    {
+        const FileSizeLimit full(1);
+        EXPECT_FALSE(save());
+    }
+    EXPECT_THAT(log.text(), HasSubstr("File too large"));
+    EXPECT_EQ(contents(), "old");
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden).size(), 1);
 }
 
 TEST_F(SettingsFile, ThatIsAPipeIsNeitherWaitedForNorReplaced)

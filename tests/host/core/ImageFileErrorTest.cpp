@@ -2,38 +2,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Image files that cannot be read or written: what is refused, what is said, what stays on disk.
 #include "FileFixture.h"
+#include "FileSizeLimit.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>
 
 #include <gtest/gtest.h>
 
-#include <csignal>
-#include <sys/resource.h>
 #include <sys/stat.h>
 
 namespace {
 
 using namespace vistrel::test;
 using enum ExImageDataType;
-
-/// Lets every write beyond a size fail, as on a full disk, for as long as it lives.
-class FileSizeLimit {
-public:
-    explicit FileSizeLimit(rlim_t bytes)
-    {
-        std::signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &m_previous);
-        const rlimit limit{bytes, m_previous.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~FileSizeLimit() { setrlimit(RLIMIT_FSIZE, &m_previous); }
-    FileSizeLimit(const FileSizeLimit&) = delete;
-    FileSizeLimit& operator=(const FileSizeLimit&) = delete;
-
-private:
-    rlimit m_previous{};
-};
 
 class ImageFileError : public FileFixture {
 protected:

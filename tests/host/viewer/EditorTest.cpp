@@ -7,6 +7,7 @@
 #include "viewer/scripts/OutputPane.h"
 #include "viewer/scripts/ScriptEditor.h"
 
+#include "../core/FileSizeLimit.h"
 #include "DialogClicker.h"
 
 #include <Qsci/qscilexerpython.h>
@@ -102,6 +103,20 @@ TEST_F(Editor, KeepsTextThatCannotBeSaved)
     DialogClicker clicker({QStringLiteral("OK")});
     EXPECT_FALSE(m_tabs.save());
     EXPECT_TRUE(editor().isModified());
+}
+
+TEST_F(Editor, LeavesTheFileWholeWhenTheDiskIsFull)
+{
+    const QString path = writeFile(QStringLiteral("a.py"), "1\n");
+    m_tabs.open(path);
+    QTest::keyClicks(&editor(), QStringLiteral("x"));
+    DialogClicker clicker({QStringLiteral("OK")});
+    {
+        const test::FileSizeLimit full(1);
+        EXPECT_FALSE(m_tabs.save());
+    }
+    EXPECT_TRUE(editor().isModified());
+    EXPECT_EQ(readFile(path), "1\n");
 }
 
 TEST_F(Editor, ClosesATabWithChangesOnlyAfterAsking)
