@@ -49,6 +49,13 @@ std::atomic<vistrel::PicBufAllocator> currentAllocator{&allocate};
 constexpr quint64 largestStride = std::numeric_limits<quint32>::max();
 constexpr quint64 largestBlock = std::numeric_limits<std::ptrdiff_t>::max();
 
+/// The array interface tells of 8 bytes a value for pictures of no type, whose values take one: who
+/// reads or writes the last of them through an array goes that far beyond the picture.
+constexpr quint64 bytesBehind(ExImageDataType type)
+{
+    return type == ExImageDataType::None ? 7 : 0;
+}
+
 /// Bytes of the pixels of a line. The factors are bounded first: the record's own product is one of
 /// 32 bits and could wrap around.
 std::optional<quint64> lineBytes(const SxPicBufInfo& info)
@@ -150,14 +157,17 @@ void CxPicBufAPI::AllocPicBufFromHeap(SxPicBuf& buffer, const SxPicBufInfo& info
     if (!stride || (alignment != 0 && !std::has_single_bit(alignment)))
         return;
     const quint64 bytes = quint64{*stride} * geometry.height; // two 32-bit factors always fit
-    if (bytes > largestBlock)
+    if (bytes > largestBlock - bytesBehind(geometry.dataType))
         return;
     buffer.stride = *stride;
-    buffer.allocation = currentAllocator.load()(bytes, alignment, zeroed);
+    const quint64 behind = bytesBehind(geometry.dataType);
+    buffer.allocation = currentAllocator.load()(bytes + behind, alignment, zeroed);
     buffer.data = static_cast<quint8*>(buffer.allocation);
     buffer.allocatedBytes = buffer.allocation != nullptr ? bytes : 0;
-    if (buffer.data != nullptr && !zeroed)
+    if (buffer.data != nullptr && !zeroed) {
         clearPadding(buffer, *lineBytes(geometry));
+        std::memset(buffer.data + bytes, 0, behind);
+    }
 }
 
 void CxPicBufAPI::FreePicBuf(SxPicBuf& buffer, bool resetInfo)

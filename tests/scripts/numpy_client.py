@@ -68,7 +68,18 @@ def bytes_hold_the_padding():
     assert bytes(image) == bytes([9, 9, 9, 0] * 2) == image.tobytes()
 
 
+def pictures_without_a_type_take_arrays_of_eight_bytes_a_value():
+    # Such as complex numbers make. A value has one byte, so that the arrays' last ones lie behind the
+    # picture: there is room for them.
+    image = vistrel.Image()
+    image.from_array(numpy.full((5, 5), 1j, "c8"))
+    interface = image.__array_interface__
+    assert interface["typestr"] == "|u8" and interface["strides"][0] == 1, interface
+    numpy.asarray(image)[:] = 2**63
+    assert image.bp_size == 40
+
+
 for test in (array_shares_memory_with_x_first, transposed_array_is_line_by_line,
              array_keeps_the_picture_alive, every_layout_arrives, copy_for_opencv_has_blue_first,
-             bytes_hold_the_padding):
+             bytes_hold_the_padding, pictures_without_a_type_take_arrays_of_eight_bytes_a_value):
     test()

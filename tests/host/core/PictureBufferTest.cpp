@@ -131,6 +131,21 @@ TEST(PictureBuffer, BetweenTheLinesMemoryIsAlwaysCleared)
     CxPicBufAPI::FreePicBuf(buffer, true);
 }
 
+TEST(PictureBuffer, HasRoomForArraysThatTakeEightBytesForAValueOfNoType)
+{
+    static std::size_t asked = 0;
+    vistrel::setPicBufAllocator([](std::size_t bytes, std::size_t, bool) -> void* {
+        asked = bytes;
+        return std::calloc(1, bytes);
+    });
+    SxPicBuf buffer;
+    CxPicBufAPI::AllocPicBufFromHeap(buffer, {.width = 5, .height = 3, .channels = 1}, true, 0);
+    vistrel::setPicBufAllocator(nullptr);
+    EXPECT_EQ(buffer.dataSize(), 3U * 8U);
+    EXPECT_EQ(asked, buffer.dataSize() + 7);
+    CxPicBufAPI::FreePicBuf(buffer, true);
+}
+
 TEST(PictureBuffer, AGivenStrideIsTakenWhenItHoldsALine)
 {
     for (const auto& [given, taken] : {std::pair{40U, 40U}, {31U, 31U}, {30U, 30U}, {29U, 32U}}) {
