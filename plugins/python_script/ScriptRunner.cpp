@@ -69,7 +69,13 @@ public:
     }
     NewNames(const NewNames&) = delete;
     NewNames& operator=(const NewNames&) = delete;
-    ~NewNames() { m_plugin.deleteNewLocalVariables(m_before); }
+    ~NewNames()
+    {
+        try {
+            m_plugin.deleteNewLocalVariables(m_before);
+        } catch (...) { // without memory for their list they stay until the next run
+        }
+    }
 
 private:
     CxPythonScriptPlugin& m_plugin;
