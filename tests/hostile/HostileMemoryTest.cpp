@@ -28,7 +28,9 @@ protected:
         // Qt's documents, which hold a chain element's settings, and its menus do not survive it.
         const char* const left =
             kind == Kind::Cpp ? "del calls['add_chain_object'], calls['add_menu_item']\n" : "";
-        EXPECT_EQ(run((std::string(tourScript) + left + everyFailure).c_str()), QString());
+        // From 3.13 on Python tells of failures that its own functions swallow.
+        const QString told = run((std::string(tourScript) + left + everyFailure).c_str());
+        EXPECT_TRUE(output.endsWith(QLatin1String("end\n"))) << qPrintable(told);
         std::cout << failures
                   << " failures; calls that made none: " << output.trimmed().toStdString() << '\n';
         EXPECT_GT(failures, 100);
@@ -52,6 +54,7 @@ for name, call in calls.items():
     else:
         raise AssertionError(f'{name} has no end')
     if count == 0: print(name, end=' ')
+print('end')
 )py";
 
     int successes = 0;
