@@ -130,6 +130,8 @@ TEST_F(ImageListImport, LongLinesAreCutAndShortOnesFilledUp)
 
 TEST_F(ImageListImport, PixelsThatAreNoListsMoveTheLineUpAndChannelsStayInPlace)
 {
+    EXPECT_EQ(linesOf("[[[1, 2, 3], [4, 5, 6]], [[7, 8, 9], [10, 11, 12]]]"),
+              QStringLiteral("[[1, 2, 3, 4, 5, 6], [7, 8, 9, 10, 11, 12]]"));
     EXPECT_EQ(linesOf("[[[1, 2], 'x', [3, 4]]]"), QStringLiteral("[[1, 2, 3, 4, 0, 0]]"));
     EXPECT_EQ(linesOf("[[[1, 2], [None, 4], [5]]]"), QStringLiteral("[[1, 2, 0, 4, 5, 0]]"));
     EXPECT_EQ(linesOf("[[[1, 2], [3, 4, 5]], [[6, 7], [8, 9], [10, 11]]]"),
