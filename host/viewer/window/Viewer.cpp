@@ -24,6 +24,7 @@
 #include <QtWidgets/QDockWidget>
 #include <QtWidgets/QFileDialog>
 #include <QtWidgets/QLabel>
+#include <QtWidgets/QMdiArea>
 #include <QtWidgets/QMessageBox>
 #include <QtWidgets/QStatusBar>
 
@@ -167,6 +168,10 @@ bool Viewer::eventFilter(QObject* object, QEvent* event)
             return true;
         }
         saveSettings();
+        break;
+    case QEvent::PaletteChange:
+        // The area took its ground from the colours with which the program began.
+        m_window.area()->setBackground(m_window.palette().brush(QPalette::Dark));
         break;
     case QEvent::DragEnter:
         if (static_cast<QDropEvent*>(event)->mimeData()->hasUrls())

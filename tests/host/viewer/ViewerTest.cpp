@@ -11,6 +11,7 @@
 #include <QtCore/QUrl>
 #include <QtGui/QDropEvent>
 #include <QtWidgets/QLabel>
+#include <QtWidgets/QMdiArea>
 #include <QtWidgets/QMenuBar>
 #include <QtWidgets/QStatusBar>
 
@@ -153,6 +154,8 @@ TEST_F(ViewerTest, ChangesItsColours)
     QAction* dark = action(QStringLiteral("Dark colours"));
     dark->setChecked(true);
     EXPECT_LT(QApplication::palette().color(QPalette::Window).lightness(), 100);
+    const QMdiArea& area = *m_viewer->window().area();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return area.background().color().lightness() < 100; }));
     dark->setChecked(false);
     EXPECT_GT(QApplication::palette().color(QPalette::Window).lightness(), 200);
 }
