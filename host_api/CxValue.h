@@ -8,7 +8,8 @@
 #include <limits>
 
 /// Integer, float, bool or text; every other type code means that there is no value. The numeric
-/// part holds one of the three by type, the text part belongs to texts.
+/// part holds one of the three by type, the text part belongs to texts, and to what was made of
+/// one.
 class CxValue {
 public:
     /// The codes are part of the binary interface.
@@ -25,6 +26,9 @@ public:
     static CxValue fromFloat(float value);
     static CxValue fromBool(bool value);
     static CxValue fromString(const QString& value);
+    /// A value of bool type that keeps the text of which it was made, so that a mistyped one can be
+    /// refused and does not switch anything off.
+    static CxValue boolOfText(const QString& text);
     /// A value of integer type of which only the text part is filled.
     static CxValue integerWithText(const QString& text);
 
@@ -39,7 +43,8 @@ public:
     float toFloat() const;
     /// Whether the value is not 0; for texts whether they read "true" or as a number other than 0.
     bool toBool() const;
-    /// The value as text: numbers in the C locale, "true" and "false".
+    /// The value as text: numbers in the C locale, "true" and "false", or the text of which a bool
+    /// was made.
     QString toString() const;
 
 private:

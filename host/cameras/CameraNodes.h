@@ -87,6 +87,8 @@ public:
     NodeResult resultOf(const ArvFailure& failure) const;
     bool connected() const;
     static NodeResult disconnected();
+    /// What to say of a value that reads neither as on nor as off.
+    static NodeResult noSwitch();
 
 private:
     NodeResult usable(ArvGcNode* node) const;

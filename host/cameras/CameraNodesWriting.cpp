@@ -59,6 +59,11 @@ double snappedToLimits(double number, const NodeLimits& limits)
 
 } // namespace
 
+NodeResult CameraNodes::noSwitch()
+{
+    return wrongType(QStringLiteral("it takes true or false, 1 or 0"));
+}
+
 NodeResult CameraNodes::write(ArvGcNode* node, const NodeValue& value) const
 {
     if (NodeResult reason = usable(node); !reason.done())
@@ -120,7 +125,7 @@ NodeResult CameraNodes::writeBoolean(ArvGcBoolean* node, const NodeValue& value)
 {
     const auto on = asBoolean(value);
     if (!on)
-        return wrongType(QStringLiteral("it takes true or false"));
+        return noSwitch();
     ArvFailure failure;
     arv_gc_boolean_set_value(node, *on, failure.receive());
     return resultOf(failure);

@@ -133,7 +133,7 @@ NodeResult MappedParameter::write(const CxValue& value)
         return m_nodes.write(m_node, wanted);
     const auto on = asBoolean(wanted);
     if (!on)
-        return {ParameterStatus::WrongType, QStringLiteral("it takes true or false")};
+        return CameraNodes::noSwitch();
     return m_nodes.write(m_node, *on ? automaticOn : automaticOff);
 }
 

@@ -29,6 +29,12 @@ QString numberText(double number)
     return locale.toString(number, isHandy ? 'f' : 'g', QLocale::FloatingPointShortest);
 }
 
+NodeValue switchOrText(const CxValue& value)
+{
+    const QString text = value.toString();
+    return asBoolean(text) ? NodeValue(value.toBool()) : NodeValue(text);
+}
+
 CxValue hostInteger(qint64 number)
 {
     using Limits = std::numeric_limits<qint32>;
@@ -47,7 +53,7 @@ NodeValue nodeValue(const CxValue& value)
     case CxValue::Float:
         return static_cast<double>(value.toFloat());
     case CxValue::Bool:
-        return value.toBool();
+        return switchOrText(value);
     case CxValue::String:
         return value.toString();
     default:
@@ -116,7 +122,7 @@ std::optional<qint64> asInteger(const NodeValue& value)
 std::optional<bool> asBoolean(const NodeValue& value)
 {
     if (const QString* text = std::get_if<QString>(&value)) {
-        const QString lower = text->toLower();
+        const QString lower = text->trimmed().toLower();
         if (lower == u"true" || lower == u"false")
             return lower == u"true";
     }

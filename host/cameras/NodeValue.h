@@ -15,6 +15,7 @@ namespace vistrel {
 /// No value, a switch, a whole number, a number, or a text (of enumerations: the entry's name).
 using NodeValue = std::variant<std::monostate, bool, qint64, double, QString>;
 
+/// A switch that was made of a text which reads as none is that text, which no switch takes.
 NodeValue nodeValue(const CxValue& value);
 /// Whether it is what a text that is no number becomes on its way to a parameter that is one.
 bool isNoNumber(const CxValue& value);

@@ -74,6 +74,13 @@ CxValue CxValue::fromString(const QString& value)
     return result;
 }
 
+CxValue CxValue::boolOfText(const QString& text)
+{
+    CxValue result = fromBool(fromString(text).toBool());
+    result.m_text = text.isNull() ? QLatin1String("") : text; // null: it was made of no text
+    return result;
+}
+
 CxValue CxValue::integerWithText(const QString& text)
 {
     CxValue result;
@@ -139,6 +146,8 @@ QString CxValue::toString() const
     case Float:
         return shortestText(m_number.asFloat);
     case Bool:
+        if (!m_text.isNull())
+            return m_text;
         return m_number.asBool ? QStringLiteral("true") : QStringLiteral("false");
     default:
         return m_text;

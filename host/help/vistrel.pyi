@@ -823,9 +823,9 @@ class Camera:
                 upper-case constants takes one of these numbers, for example
                 IMAGE_DATA_FORMAT_RGB8. One of the camera's own, for example
                 "PixelFormat", also takes an entry's name, as "RGB8". A text
-                goes for a number where it reads as one, with a point; one
-                that is no number is refused, for on and off it counts as
-                False unless it reads "true". A command is executed by 1.
+                goes for a number where it reads as one, with a point, and for
+                on and off where it reads "true", "false" or as a number; any
+                other one is refused. A command is executed by 1.
 
         Returns:
             what the host says: 0 done, 1 no such parameter, 2 not such a

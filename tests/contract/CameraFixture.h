@@ -28,6 +28,7 @@ public:
 
 MATCHER_P(IsInt, number, "") { return arg.type() == CxValue::Int && arg.toInt() == number; }
 MATCHER_P(IsFloat, number, "") { return arg.type() == CxValue::Float && arg.toFloat() == number; }
+MATCHER_P(ReadsAs, text, "") { return arg.toString() == QLatin1String(text); }
 MATCHER_P(IsBool, truth, "") { return arg.type() == CxValue::Bool && arg.toBool() == truth; }
 MATCHER_P(IsText, text, "") { return arg.type() == CxValue::String && arg.toString() == text; }
 

@@ -5,6 +5,7 @@
 
 using testing::_;
 using testing::A;
+using testing::AllOf;
 using testing::DoAll;
 using testing::InSequence;
 using testing::IsNull;
@@ -91,7 +92,8 @@ TEST_F(CameraSetParam, EveryValueTakesTheTypeOfTheParameter)
     expectSent(name, "True", IsBool(true));
     expectSent(name, "2", IsBool(true));
     expectSent(name, "0.0", IsBool(false));
-    expectSent(name, "'true'", IsBool(true));
+    expectSent(name, "'true'", AllOf(IsBool(true), ReadsAs("true")));
+    expectSent(name, "'on'", AllOf(IsBool(false), ReadsAs("on")));
     listParam(name, CxValue::fromString({}));
     expectSent(name, "8", IsText(QStringLiteral("8")));
     expectSent(name, "2.5", IsText(QStringLiteral("2.5")));

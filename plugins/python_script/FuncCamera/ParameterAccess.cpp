@@ -55,7 +55,8 @@ CxValue retyped(const CxValue& value, const CxValue& current)
     case CxValue::Float:
         return CxValue::fromFloat(value.toFloat());
     case CxValue::Bool:
-        return CxValue::fromBool(value.toBool());
+        return value.type() == CxValue::String ? CxValue::boolOfText(value.toString())
+                                               : CxValue::fromBool(value.toBool());
     case CxValue::String:
         return CxValue::fromString(value.toString());
     default:

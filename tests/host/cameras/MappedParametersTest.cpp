@@ -143,6 +143,27 @@ TEST_F(KnownParameters, ATextThatIsNoNumberIsRefusedAndTheLineSaysSo)
                       HasSubstr("gain_db cannot be set to nan (what a text that is no number")));
 }
 
+TEST_F(KnownParameters, ATextThatIsNoSwitchIsRefusedWithTheTextsThatAre)
+{
+    ASSERT_EQ(write(camera, "auto_gain", CxValue::fromBool(true)), 0);
+    ASSERT_EQ(write(camera, "TestBoolean", CxValue::fromBool(true)), 0);
+    for (const char* text : {"on", "Continuous", "", "truee"}) {
+        const QString wrong = QString::fromLatin1(text);
+        EXPECT_EQ(write(camera, "auto_gain", CxValue::boolOfText(wrong)),
+                  status(ParameterStatus::WrongType));
+        EXPECT_EQ(write(camera, "TestBoolean", CxValue::fromString(wrong)),
+                  status(ParameterStatus::WrongType));
+    }
+    EXPECT_TRUE(parameter("auto_gain")->paramValue().toBool());
+    EXPECT_TRUE(read(camera, "TestBoolean").toBool());
+    EXPECT_THAT(log.text(),
+                AllOf(HasSubstr("auto_gain cannot be set to on: it takes true or false, 1 or 0"),
+                      HasSubstr("TestBoolean cannot be set to truee: it takes true or false")));
+    for (const char* text : {"false", "False ", "0"})
+        EXPECT_EQ(write(camera, "auto_gain", CxValue::boolOfText(QString::fromLatin1(text))), 0);
+    EXPECT_FALSE(parameter("auto_gain")->paramValue().toBool());
+}
+
 TEST_F(KnownParameters, AnEnumerationTakesItsConstantsAndRefusesOthersWithAList)
 {
     EXPECT_EQ(write(camera, "image_data_format", CxValue::fromInt(4)), 0);

@@ -101,6 +101,18 @@ TEST(Value, ATextIsTrueWhenItReadsTrueOrAsANumberOtherThanZero)
         EXPECT_FALSE(CxValue::fromString(QString::fromLatin1(text)).toBool()) << text;
 }
 
+TEST(Value, ABooleanKeepsTheTextOfWhichItWasMade)
+{
+    for (const char* text : {"true", "off", "", "7"}) {
+        const QString characters = QString::fromLatin1(text);
+        const CxValue value = CxValue::boolOfText(characters);
+        EXPECT_EQ(value.type(), CxValue::Bool);
+        EXPECT_EQ(value.toBool(), CxValue::fromString(characters).toBool()) << text;
+        EXPECT_EQ(value.toString(), characters);
+    }
+    EXPECT_EQ(CxValue::boolOfText({}).toString(), QString());
+}
+
 TEST(Value, AnIntegerMayCarryNothingButItsText)
 {
     const CxValue value = CxValue::integerWithText(QStringLiteral("815"));
