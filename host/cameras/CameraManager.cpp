@@ -195,7 +195,7 @@ void* CameraManager::add(std::unique_ptr<Camera> camera)
     CameraParameters& parameters = camera->parameters();
     Kept& kept = keptOf(*camera);
     parameters.shadingPresets = kept.presets;
-    if (kept.defaults.empty() && !parameters.keepsDefaults())
+    if (kept.defaults.values.empty() && !parameters.keepsDefaults())
         kept.defaults = parameters.settings();
     m_cameras.push_back(std::move(camera));
     ++m_cameraCount;

@@ -3,7 +3,7 @@
 // The reference host's cameras: GigE Vision and USB3 Vision devices and a simulated one, by Aravis.
 #pragma once
 
-#include "cameras/NodeValue.h"
+#include "cameras/CameraValues.h"
 
 #include <CxCameraManager.h>
 #include <CxShadingPreset.h>
@@ -95,7 +95,7 @@ Q_SIGNALS:
 private:
     /// What stays of a camera while it is closed.
     struct Kept {
-        std::map<QString, NodeValue> defaults; ///< empty when the camera keeps its own
+        CameraValues defaults; ///< empty when the camera keeps its own
         QList<CxShadingPreset> presets;
     };
 

@@ -315,6 +315,19 @@ std::vector<ArvGcFeatureNode*> CameraNodes::features(ArvGcVisibility visibility)
     return std::move(walk.features);
 }
 
+std::vector<ArvGcFeatureNode*> CameraNodes::selectedBy(ArvGcNode* node)
+{
+    std::vector<ArvGcFeatureNode*> selected;
+    if (!ARV_IS_GC_SELECTOR(node))
+        return selected;
+    const GSList* list = arv_gc_selector_get_selected_features(ARV_GC_SELECTOR(node));
+    for (; list; list = list->next) {
+        if (list->data && ARV_IS_GC_FEATURE_NODE(list->data))
+            selected.push_back(ARV_GC_FEATURE_NODE(list->data));
+    }
+    return selected;
+}
+
 NodeResult CameraNodes::resultOf(const ArvFailure& failure) const
 {
     if (!failure)

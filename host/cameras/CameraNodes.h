@@ -83,6 +83,10 @@ public:
     /// The features that the camera shows to users of that experience, in its order.
     std::vector<ArvGcFeatureNode*> features(ArvGcVisibility visibility) const;
 
+    /// The features of which the camera has one for each entry of this one; none when this is no
+    /// selector.
+    static std::vector<ArvGcFeatureNode*> selectedBy(ArvGcNode* node);
+
     /// What to say of an error; an answer that is missing breaks the connection.
     NodeResult resultOf(const ArvFailure& failure) const;
     bool connected() const;

@@ -180,12 +180,12 @@ bool CameraParameters::keepsDefaults() const
     return load && m_nodes.find(userSetSelector) && m_nodes.isImplemented(load);
 }
 
-CameraParameters::Values CameraParameters::settings(CxCameraParam::ExVisibility visibility) const
+CameraValues CameraParameters::settings(CxCameraParam::ExVisibility visibility) const
 {
     return currentSettings(m_nodes, visibility);
 }
 
-void CameraParameters::restoreDefaults(const Values& fallback)
+void CameraParameters::restoreDefaults(const CameraValues& fallback)
 {
     NodeResult result;
     if (!m_nodes.connected()) {
@@ -328,7 +328,7 @@ bool CameraParameters::mustPauseFor(ArvGcNode* node) const
     return changesFrameSize(QString::fromUtf8(name)) || m_nodes.isLocked(node);
 }
 
-QStringList CameraParameters::apply(const Values& values)
+QStringList CameraParameters::apply(const CameraValues& values)
 {
     QStringList lines;
     whileStreamPaused([&] { lines = applySettings(m_nodes, values); });

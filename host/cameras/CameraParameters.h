@@ -4,6 +4,7 @@
 #pragma once
 
 #include "cameras/CameraNodes.h"
+#include "cameras/CameraValues.h"
 #include "cameras/MappedParameter.h"
 #include "cameras/RegionOfInterest.h"
 
@@ -12,7 +13,6 @@
 #include <QtCore/QHash>
 
 #include <functional>
-#include <map>
 #include <memory>
 #include <vector>
 
@@ -41,14 +41,13 @@ public:
                         ExCommitRefreshGuiMode mode) override;
 
     /// What restoreDefaults() falls back on for a camera that keeps no defaults itself.
-    using Values = std::map<QString, NodeValue>;
     /// Whether the camera keeps defaults itself: a user set that it can load.
     bool keepsDefaults() const;
     /// All settings, as they are now.
-    Values settings(CxCameraParam::ExVisibility visibility = CxCameraParam::Guru) const;
+    CameraValues settings(CxCameraParam::ExVisibility visibility = CxCameraParam::Guru) const;
     /// Gives the camera its own defaults, or these values when it keeps none. What it refuses is
     /// logged.
-    void restoreDefaults(const Values& fallback);
+    void restoreDefaults(const CameraValues& fallback);
 
     /// Empty when the camera cannot tell.
     QRect currentROIRectParams() override;
@@ -77,7 +76,7 @@ private:
     NodeResult readProperty(const QString& name, const QString& property, CxValue& value) const;
     NodeResult write(const QString& name, const CxValue& value);
     bool mustPauseFor(ArvGcNode* node) const;
-    QStringList apply(const Values& values);
+    QStringList apply(const CameraValues& values);
     void whileStreamPaused(const std::function<void()>& change);
     void logLine(const QString& text) const;
 

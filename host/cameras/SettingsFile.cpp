@@ -7,6 +7,7 @@
 
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
+#include <QtCore/QJsonArray>
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
 
@@ -15,7 +16,9 @@ namespace vistrel {
 namespace {
 
 constexpr char formatName[] = "vistrel camera settings";
-constexpr int formatVersion = 1;
+/// Version 1 knew no selectors.
+constexpr int oldestVersion = 1;
+constexpr int formatVersion = 2;
 /// Far more than a camera's settings take.
 constexpr qint64 largestFile = 4 << 20;
 
@@ -24,6 +27,8 @@ const QString versionKey = QStringLiteral("version");
 const QString modelKey = QStringLiteral("model");
 const QString serialNumberKey = QStringLiteral("serial_number");
 const QString parametersKey = QStringLiteral("parameters");
+const QString selectedKey = QStringLiteral("selected");
+const QString positionKey = QStringLiteral("at");
 
 QJsonValue toJson(const NodeValue& value)
 {
@@ -34,6 +39,23 @@ QJsonValue toJson(const NodeValue& value)
     if (const double* number = std::get_if<double>(&value))
         return *number;
     return valueText(value);
+}
+
+QJsonObject toJson(const NodeValues& values)
+{
+    QJsonObject object;
+    for (const auto& [name, value] : values)
+        object.insert(name, toJson(value));
+    return object;
+}
+
+QJsonArray toJson(const std::vector<SelectedValues>& selected)
+{
+    QJsonArray list;
+    for (const SelectedValues& each : selected)
+        list.append(QJsonObject{{positionKey, toJson(each.position)},
+                                {parametersKey, toJson(each.values)}});
+    return list;
 }
 
 /// No value for what is none in a settings file.
@@ -49,8 +71,13 @@ NodeValue fromJson(const QJsonValue& value)
     return integer == value.toInteger(1) ? NodeValue(integer) : NodeValue(value.toDouble());
 }
 
-bool readParameters(const QJsonObject& object, CameraSettings& settings, QString& error)
+bool readValues(const QJsonValue& source, NodeValues& values, QString& error)
 {
+    if (!source.isObject()) {
+        error = QStringLiteral("it has no parameters");
+        return false;
+    }
+    const QJsonObject object = source.toObject();
     for (auto entry = object.begin(); entry != object.end(); ++entry) {
         const NodeValue value = fromJson(entry.value());
         if (std::holds_alternative<std::monostate>(value)) {
@@ -58,7 +85,23 @@ bool readParameters(const QJsonObject& object, CameraSettings& settings, QString
                         .arg(entry.key());
             return false;
         }
-        settings.values.emplace(entry.key(), value);
+        values.emplace(entry.key(), value);
+    }
+    return true;
+}
+
+bool readSelected(const QJsonValue& source, std::vector<SelectedValues>& selected, QString& error)
+{
+    if (!source.isUndefined() && !source.isArray()) {
+        error = QStringLiteral("what is selected is no list");
+        return false;
+    }
+    const QJsonArray list = source.toArray();
+    for (const QJsonValue each : list) {
+        SelectedValues& values = selected.emplace_back();
+        if (!readValues(each[positionKey], values.position, error)
+            || !readValues(each[parametersKey], values.values, error))
+            return false;
     }
     return true;
 }
@@ -69,18 +112,16 @@ std::optional<CameraSettings> settingsOf(const QJsonObject& object, QString& err
         error = QStringLiteral("it holds no camera settings");
         return std::nullopt;
     }
-    if (object.value(versionKey).toInteger() != formatVersion) {
-        error = QStringLiteral("its version is not %1").arg(formatVersion);
-        return std::nullopt;
-    }
-    if (!object.value(parametersKey).isObject()) {
-        error = QStringLiteral("it has no parameters");
+    const qint64 version = object.value(versionKey).toInteger();
+    if (version < oldestVersion || version > formatVersion) {
+        error = QStringLiteral("its version is not %1 to %2").arg(oldestVersion).arg(formatVersion);
         return std::nullopt;
     }
     CameraSettings settings;
     settings.model = object.value(modelKey).toString();
     settings.serialNumber = object.value(serialNumberKey).toString();
-    if (!readParameters(object.value(parametersKey).toObject(), settings, error))
+    if (!readValues(object.value(parametersKey), settings.values.values, error)
+        || !readSelected(object.value(selectedKey), settings.values.selected, error))
         return std::nullopt;
     return settings;
 }
@@ -101,14 +142,12 @@ bool writeSettingsFile(const QString& path, const CameraSettings& settings, QStr
 {
     if (isSomethingElse(path, error))
         return false;
-    QJsonObject parameters;
-    for (const auto& [name, value] : settings.values)
-        parameters.insert(name, toJson(value));
     const QJsonObject object{{formatKey, QLatin1String(formatName)},
                              {versionKey, formatVersion},
                              {modelKey, settings.model},
                              {serialNumberKey, settings.serialNumber},
-                             {parametersKey, parameters}};
+                             {parametersKey, toJson(settings.values.values)},
+                             {selectedKey, toJson(settings.values.selected)}};
     return replaceFile(path, QJsonDocument(object).toJson(), error);
 }
 

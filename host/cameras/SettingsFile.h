@@ -3,11 +3,10 @@
 // A camera's settings as a file: JSON, for people to read too.
 #pragma once
 
-#include "cameras/NodeValue.h"
+#include "cameras/CameraValues.h"
 
 #include <QtCore/QString>
 
-#include <map>
 #include <optional>
 
 namespace vistrel {
@@ -15,8 +14,8 @@ namespace vistrel {
 /// Values of a camera, and whose they are.
 struct CameraSettings {
     QString model;
-    QString serialNumber;                ///< for people; settings fit every camera of the model
-    std::map<QString, NodeValue> values; ///< by the names of the camera's nodes
+    QString serialNumber; ///< for people; settings fit every camera of the model
+    CameraValues values;
 };
 
 /// Replaces the file at once or not at all; false with the reason in `error`.

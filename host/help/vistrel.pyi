@@ -958,6 +958,9 @@ class Camera:
         """Save all parameters of the camera to a settings file.
 
         The file is JSON. One that is there is replaced as a whole or stays.
+        What the camera has several times, such as a gain for each entry of
+        "GainSelector", is saved for each; long tables, only at the entry
+        where their selector stands.
         A failed write is not reported to the script; the error log says why.
 
         Args:

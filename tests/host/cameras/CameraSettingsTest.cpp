@@ -7,6 +7,7 @@
 #include "cameras/CameraParameters.h"
 
 #include <QtCore/QDir>
+#include <QtCore/QJsonArray>
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
 #include <QtCore/QTimer>
@@ -100,7 +101,7 @@ TEST_F(SettingsFile, HoldsModelVersionAndEveryWritableParameter)
     ASSERT_TRUE(save());
     const QJsonObject object = QJsonDocument::fromJson(contents()).object();
     EXPECT_EQ(object.value(QStringLiteral("format")).toString(), u"vistrel camera settings");
-    EXPECT_EQ(object.value(QStringLiteral("version")).toInt(), 1);
+    EXPECT_EQ(object.value(QStringLiteral("version")).toInt(), 2);
     EXPECT_EQ(object.value(QStringLiteral("model")).toString(), u"Fake");
     EXPECT_EQ(object.value(QStringLiteral("serial_number")).toString(), u"1");
     const QJsonObject all = object.value(QStringLiteral("parameters")).toObject();
@@ -196,7 +197,12 @@ TEST_F(SettingsFile, ThatIsForeignChangesNothing)
 {
     const auto foreign = std::vector<std::function<void(QJsonObject&)>>{
         [](QJsonObject& object) { object.insert(QStringLiteral("model"), QStringLiteral("X100")); },
-        [](QJsonObject& object) { object.insert(QStringLiteral("version"), 2); },
+        [](QJsonObject& object) { object.insert(QStringLiteral("version"), 3); },
+        [](QJsonObject& object) { object.insert(QStringLiteral("version"), 0); },
+        [](QJsonObject& object) { object.insert(QStringLiteral("selected"), 5); },
+        [](QJsonObject& object) {
+            object.insert(QStringLiteral("selected"), QJsonArray{QJsonObject()});
+        },
         [](QJsonObject& object) { object.remove(QStringLiteral("format")); },
         [](QJsonObject& object) { object.insert(QStringLiteral("parameters"), 5); },
         [](QJsonObject& object) { setParameter(object, QStringLiteral("Width"), QJsonObject()); },
@@ -209,7 +215,9 @@ TEST_F(SettingsFile, ThatIsForeignChangesNothing)
         write(camera, "GainRaw", CxValue::fromInt(0));
     }
     EXPECT_THAT(log.text(),
-                AllOf(HasSubstr("they are of a camera X100"), HasSubstr("its version is not 1"),
+                AllOf(HasSubstr("they are of a camera X100"),
+                      HasSubstr("its version is not 1 to 2"),
+                      HasSubstr("what is selected is no list"),
                       HasSubstr("it holds no camera settings"), HasSubstr("the value of Width")));
 }
 
@@ -403,7 +411,7 @@ TEST_F(UserSetCamera, LoadsItsOwnDefaults)
     CameraParameters& parameters =
         dynamic_cast<CameraParameters&>(*manager.cameraParameters(camera));
     EXPECT_TRUE(parameters.keepsDefaults());
-    parameters.restoreDefaults({{QStringLiteral("GainRaw"), qint64{3}}});
+    parameters.restoreDefaults({{{QStringLiteral("GainRaw"), qint64{3}}}, {}});
     EXPECT_EQ(read(camera, "TestRegister").toInt(), 4711);
     EXPECT_EQ(read(camera, "UserSetSelector").toString(), u"Default");
     EXPECT_EQ(read(camera, "GainRaw").toInt(), 0);
