@@ -3,17 +3,28 @@
 // The interfaces that Aravis searches, and the list of the devices that it finds.
 #include "cameras/AravisSystem.h"
 
-#include "core/LongWork.h"
-
-#include <arv.h>
-
 #include <cstring>
+#include <mutex>
 
 namespace vistrel {
 
 namespace {
 
 constexpr char simulatedInterface[] = "Fake";
+
+/// Guards the count, the switches of the interfaces and the list that a search leaves.
+std::mutex systemMutex;
+int users = 0;
+
+void enableOnly(const char* wanted)
+{
+    for (unsigned i = 0; i < arv_get_n_interfaces(); ++i) {
+        const char* interface = arv_get_interface_id(i);
+        if (std::strcmp(interface, wanted) != 0)
+            arv_disable_interface(interface);
+    }
+    arv_enable_interface(wanted);
+}
 
 DeviceEntry deviceEntry(unsigned index)
 {
@@ -39,24 +50,40 @@ std::vector<DeviceEntry> search()
 
 } // namespace
 
-AravisSystem::~AravisSystem() { arv_shutdown(); }
+AravisSystem::AravisSystem()
+{
+    const std::scoped_lock lock(systemMutex);
+    ++users;
+}
+
+AravisSystem::~AravisSystem()
+{
+    const std::scoped_lock lock(systemMutex);
+    if (--users == 0)
+        arv_shutdown();
+}
 
 std::vector<DeviceEntry> AravisSystem::searchSimulated()
 {
-    for (unsigned i = 0; i < arv_get_n_interfaces(); ++i) {
-        const char* interface = arv_get_interface_id(i);
-        if (std::strcmp(interface, simulatedInterface) != 0)
-            arv_disable_interface(interface);
-    }
-    arv_enable_interface(simulatedInterface);
+    const std::scoped_lock lock(systemMutex);
+    enableOnly(simulatedInterface);
     return search();
+}
+
+// Every interface that is asked for a device of another one searches once more.
+ObjectRef<ArvCamera> AravisSystem::open(const DeviceEntry& entry, ArvFailure& failure)
+{
+    const std::scoped_lock lock(systemMutex);
+    enableOnly(entry.protocol.toUtf8().constData());
+    return ObjectRef<ArvCamera>::take(
+        arv_camera_new(entry.id.toUtf8().constData(), failure.receive()));
 }
 
 std::vector<DeviceEntry> AravisSystem::searchAll()
 {
+    const std::scoped_lock lock(systemMutex);
     for (unsigned i = 0; i < arv_get_n_interfaces(); ++i)
         arv_enable_interface(arv_get_interface_id(i));
-    const LongWork work(QStringLiteral("Looking for cameras"));
     return search();
 }
 

@@ -3,6 +3,8 @@
 // The interfaces that Aravis searches, and the list of the devices that it finds.
 #pragma once
 
+#include "cameras/AravisHandles.h"
+
 #include <QtCore/QString>
 
 #include <vector>
@@ -20,22 +22,25 @@ struct DeviceEntry {
     QString protocol; ///< name of the interface: "GigEVision", "USB3Vision", "Fake"
 };
 
-/// Aravis as a whole; one at a time. GUI thread.
+/// Aravis as a whole, which there is once: every object of this class stands for one who uses it,
+/// and the last one that goes gives back everything that Aravis holds. Its devices have been
+/// released before. Any thread; a search or opening waits for the one under way.
 class AravisSystem {
 public:
     /// Aravis' id of its simulated camera.
     static constexpr char simulatedDevice[] = "Fake_1";
 
-    AravisSystem() = default;
+    AravisSystem();
     AravisSystem(const AravisSystem&) = delete;
     AravisSystem& operator=(const AravisSystem&) = delete;
-    /// Gives back everything that Aravis holds; all devices have been released before.
     ~AravisSystem();
 
-    /// Looks at the simulated camera only: returns at once.
-    std::vector<DeviceEntry> searchSimulated();
+    /// Looks at the simulated camera only, which takes no time.
+    static std::vector<DeviceEntry> searchSimulated();
     /// Searches all interfaces, which takes about a second.
-    std::vector<DeviceEntry> searchAll();
+    static std::vector<DeviceEntry> searchAll();
+    /// Opens a device that a search has found; null with the reason in `failure`.
+    static ObjectRef<ArvCamera> open(const DeviceEntry& entry, ArvFailure& failure);
 };
 
 } // namespace vistrel

@@ -81,9 +81,7 @@ std::unique_ptr<Camera> Camera::open(const DeviceEntry& entry, const QString& id
                                      CameraConnection::LostHandler onLost, QString& error)
 {
     ArvFailure failure;
-    auto camera = ObjectRef<ArvCamera>::take(
-        arv_camera_new(entry.id.toUtf8().constData(), failure.receive()));
-    if (camera)
+    if (auto camera = AravisSystem::open(entry, failure))
         return std::unique_ptr<Camera>(
             new Camera(std::move(camera), entry, id, handle, std::move(onLost)));
     error = QStringLiteral("camera %1 cannot be opened: %2").arg(id, failure.message());

@@ -23,7 +23,7 @@ public:
                                         CameraConnection::LostHandler onLost, QString& error);
     Camera(const Camera&) = delete;
     Camera& operator=(const Camera&) = delete;
-    /// Stops and closes it; takes seconds when the connection broke.
+    /// Stops and closes it; takes up to ten seconds when the connection broke.
     ~Camera();
 
     void* handle() const { return m_handle; }

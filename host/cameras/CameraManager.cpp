@@ -5,17 +5,18 @@
 
 #include "cameras/AravisSystem.h"
 #include "cameras/Camera.h"
+#include "cameras/Mailbox.h"
 #include "core/Log.h"
 #include "core/LongWork.h"
 
-#include <QtCore/QDeadlineTimer>
-#include <QtCore/QRunnable>
 #include <QtCore/QStringList>
-#include <QtCore/QThreadPool>
 #include <QtCore/QTimer>
 
 #include <algorithm>
 #include <chrono>
+#include <future>
+#include <optional>
+#include <thread>
 #include <utility>
 
 namespace vistrel {
@@ -27,19 +28,43 @@ using namespace std::chrono_literals;
 /// How long a camera may take to be found again, and how long it is left alone before each look.
 constexpr auto restartPatience = 30s;
 constexpr auto restartPause = 100ms;
+/// The longest that the user interface may stand still for a camera that is closed.
+constexpr auto closingPatience = 3s;
 
-/// Lets go of a camera on the thread that runs it, whose pool deletes it afterwards.
-class CameraRelease : public QRunnable {
-public:
-    explicit CameraRelease(std::unique_ptr<Camera> camera)
-        : m_camera(std::move(camera))
-    {
-    }
-    void run() override { m_camera.reset(); }
+const QString lookingForCameras = QStringLiteral("Looking for cameras");
 
-private:
-    std::unique_ptr<Camera> m_camera;
-};
+/// Lets go of a camera on a thread of its own, which may go on when everything else has gone.
+std::future<void> letGo(std::unique_ptr<Camera> camera)
+{
+    std::packaged_task<void()> task(
+        [camera = std::move(camera), aravis = std::make_unique<AravisSystem>()]() mutable {
+            camera.reset();
+            aravis.reset();
+        });
+    std::future<void> done = task.get_future();
+    std::thread(std::move(task)).detach();
+    return done;
+}
+
+// A camera that does not answer any more takes seconds to let go of. Every other one is closed
+// when this returns, so that it can be opened again.
+void release(std::unique_ptr<Camera> camera)
+{
+    if (!camera)
+        return;
+    const auto limit = std::chrono::steady_clock::now() + closingPatience;
+    camera->stopStream();
+    const bool answers = !camera->lost();
+    const std::future<void> done = letGo(std::move(camera));
+    if (answers)
+        done.wait_until(limit);
+}
+
+std::vector<DeviceEntry> search(const QString& id)
+{
+    return id == QLatin1String(CameraManager::simulatedId) ? AravisSystem::searchSimulated()
+                                                           : AravisSystem::searchAll();
+}
 
 bool isSimulated(const DeviceEntry& entry)
 {
@@ -67,7 +92,7 @@ QString notOpened() { return QStringLiteral("the camera is not open"); }
 
 CameraManager::CameraManager()
     : m_aravis(std::make_unique<AravisSystem>())
-    , m_releasing(std::make_unique<QThreadPool>())
+    , m_mailbox(std::make_shared<Mailbox>(*this))
 {
 }
 
@@ -75,12 +100,13 @@ CameraManager::~CameraManager()
 {
     while (!m_cameras.empty())
         close(m_cameras.back()->handle());
-    m_releasing->waitForDone();
+    m_mailbox->close();
 }
 
 std::vector<CameraListing> CameraManager::discover()
 {
-    auto entries = m_aravis->searchAll();
+    const LongWork work(lookingForCameras);
+    auto entries = AravisSystem::searchAll();
     std::stable_partition(entries.begin(), entries.end(), std::not_fn(isSimulated));
     std::vector<CameraListing> listings;
     listings.reserve(entries.size());
@@ -91,7 +117,14 @@ std::vector<CameraListing> CameraManager::discover()
 
 void* CameraManager::open(const QString& id, QString& error)
 {
-    const auto entries = search(id);
+    std::optional<LongWork> work;
+    if (id != QLatin1String(simulatedId))
+        work.emplace(lookingForCameras);
+    return openFound(search(id), id, error);
+}
+
+void* CameraManager::openFound(const Entries& entries, const QString& id, QString& error)
+{
     const auto entry = std::find_if(entries.begin(), entries.end(),
                                     [&id](const auto& e) { return publicId(e) == id; });
     if (entry == entries.end()) {
@@ -102,9 +135,9 @@ void* CameraManager::open(const QString& id, QString& error)
         error = QStringLiteral("camera %1 is open already").arg(id);
         return nullptr;
     }
-    // Queued, because the connection breaks on a thread of Aravis, which must not wait.
-    const auto onLost = [this] {
-        QMetaObject::invokeMethod(this, &CameraManager::closeLostCameras, Qt::QueuedConnection);
+    // By mail, because the connection breaks on a thread of Aravis, which must not wait.
+    const auto onLost = [this, mailbox = m_mailbox] {
+        mailbox->post([this] { closeLostCameras(); });
     };
     auto camera = Camera::open(*entry, id, &m_handles.emplace_back(), onLost, error);
     return camera ? add(std::move(camera)) : nullptr;
@@ -125,13 +158,13 @@ bool CameraManager::restartWithDefaults(void* cameraHandle)
         logError(QStringLiteral("a camera cannot be restarted: %1").arg(notOpened()));
         return false;
     }
-    auto work =
-        std::make_shared<LongWork>(QStringLiteral("Restarting camera %1").arg(camera->id()));
+    const QString id = camera->id();
+    m_restarts[id] = {QDeadlineTimer(restartPatience),
+                      std::make_unique<LongWork>(QStringLiteral("Restarting camera %1").arg(id))};
     camera->stopStream();
     camera->parameters().restoreDefaults(keptOf(*camera).defaults);
-    const QString id = camera->id();
     close(cameraHandle);
-    openAgain(id, QDeadlineTimer(restartPatience), std::move(work));
+    openAgain(id);
     return true;
 }
 
@@ -179,11 +212,6 @@ CxCameraParameters* CameraManager::cameraParameters(void* cameraHandle)
     return camera ? &camera->parameters() : nullptr;
 }
 
-std::vector<DeviceEntry> CameraManager::search(const QString& id)
-{
-    return id == QLatin1String(simulatedId) ? m_aravis->searchSimulated() : m_aravis->searchAll();
-}
-
 bool CameraManager::isOpen(const QString& id) const
 {
     return std::any_of(m_cameras.begin(), m_cameras.end(),
@@ -208,18 +236,37 @@ CameraManager::Kept& CameraManager::keptOf(Camera& camera)
     return m_kept[QStringLiteral("%1 %2").arg(info.deviceName, info.serialNumber)];
 }
 
-void CameraManager::openAgain(const QString& id, const QDeadlineTimer& limit,
-                              std::shared_ptr<LongWork> work)
+void CameraManager::openAgain(const QString& id)
 {
-    QTimer::singleShot(restartPause, this, [this, id, limit, work = std::move(work)] {
-        QString error;
-        if (isOpen(id) || open(id, error))
-            return;
-        if (limit.hasExpired())
-            logError(QStringLiteral("a restarted camera did not come back: %1").arg(error));
+    QTimer::singleShot(restartPause, this, [this, id] {
+        if (isOpen(id))
+            m_restarts.erase(id);
         else
-            openAgain(id, limit, work);
+            searchInBackground(id);
     });
+}
+
+// Looking at all interfaces takes too long for the GUI thread to do it again and again.
+void CameraManager::searchInBackground(const QString& id)
+{
+    auto work = [this, id, mailbox = m_mailbox, aravis = std::make_unique<AravisSystem>()] {
+        mailbox->post([this, id, entries = search(id)] { openIfFound(entries, id); });
+    };
+    std::thread(std::move(work)).detach();
+}
+
+void CameraManager::openIfFound(const Entries& entries, const QString& id)
+{
+    const auto restart = m_restarts.find(id);
+    if (restart == m_restarts.end())
+        return;
+    QString error;
+    const bool isDone = isOpen(id) || openFound(entries, id, error);
+    if (!isDone && !restart->second.limit.hasExpired())
+        return openAgain(id);
+    if (!isDone)
+        logError(QStringLiteral("a restarted camera did not come back: %1").arg(error));
+    m_restarts.erase(restart);
 }
 
 // A handle may be anything: it is compared, not followed.
@@ -264,18 +311,6 @@ void CameraManager::closeLost(Camera* camera)
         return;
     release(std::move(taken));
     Q_EMIT cameraLost(handle, description);
-}
-
-// A camera that does not answer any more takes seconds to let go of. Every other one is closed
-// when this returns, so that it can be opened again.
-void CameraManager::release(std::unique_ptr<Camera> camera)
-{
-    if (!camera)
-        return;
-    camera->stopStream();
-    if (!camera->lost())
-        return;
-    m_releasing->start(new CameraRelease(std::move(camera)));
 }
 
 } // namespace vistrel

@@ -8,6 +8,7 @@
 #include <CxCameraManager.h>
 #include <CxShadingPreset.h>
 
+#include <QtCore/QDeadlineTimer>
 #include <QtCore/QObject>
 #include <QtCore/QString>
 
@@ -19,14 +20,13 @@
 #include <vector>
 
 class CxImageData;
-class QDeadlineTimer;
-class QThreadPool;
 
 namespace vistrel {
 
 class AravisSystem;
 class Camera;
 class LongWork;
+class Mailbox;
 struct DeviceEntry;
 
 /// A camera that was found, opened or not.
@@ -56,7 +56,8 @@ public:
     static constexpr char simulatedId[] = "sim";
 
     CameraManager();
-    /// Stops all streams, closes all cameras and shuts Aravis down.
+    /// Stops all streams and closes all cameras. A camera that does not answer any more is let go
+    /// of afterwards, on a thread that nobody waits for.
     ~CameraManager() override;
 
     /// Looks for cameras on all interfaces; takes about a second. The simulated one comes last.
@@ -65,12 +66,13 @@ public:
     /// Opens a camera by its Aravis id, or the simulated one. Returns its handle, or null with the
     /// reason in `error`. With `simulatedId` no other interface is searched.
     void* open(const QString& id, QString& error);
-    /// Stops and closes a camera; its handle is dead afterwards. Unknown handles are ignored.
+    /// Stops and closes a camera; its handle is dead afterwards. It can be opened again at once,
+    /// unless it did not answer: it is waited for 3 seconds at most. Unknown handles are ignored.
     void close(void* cameraHandle);
     /// Gives a camera its defaults (its own, or what it had when it was opened first), closes it
     /// and opens it again, under a new handle: later, from the event loop, and again for half a
-    /// minute when it is not back at once. False, with a line in the log, for an unknown handle and
-    /// a camera that is lost.
+    /// minute when it is not back at once. It is looked for on another thread. False, with a line
+    /// in the log, for an unknown handle and a camera that is lost.
     bool restartWithDefaults(void* cameraHandle);
 
     /// Starts the stream; true also when it runs already (the sink is kept then). False with the
@@ -98,26 +100,34 @@ private:
         CameraValues defaults; ///< empty when the camera keeps its own
         QList<CxShadingPreset> presets;
     };
+    /// A camera that has been closed and is to be opened again.
+    struct Restart {
+        QDeadlineTimer limit;
+        std::unique_ptr<LongWork> work;
+    };
+    using Entries = std::vector<DeviceEntry>;
 
-    std::vector<DeviceEntry> search(const QString& id);
+    void* openFound(const Entries& entries, const QString& id, QString& error);
     bool isOpen(const QString& id) const;
     void* add(std::unique_ptr<Camera> camera);
     Kept& keptOf(Camera& camera);
-    void openAgain(const QString& id, const QDeadlineTimer& limit, std::shared_ptr<LongWork> work);
+    void openAgain(const QString& id);
+    void searchInBackground(const QString& id);
+    void openIfFound(const Entries& entries, const QString& id);
     Camera* find(const void* cameraHandle) const;
     std::unique_ptr<Camera> take(const Camera* camera);
-    void release(std::unique_ptr<Camera> camera);
     void closeLostCameras();
     void closeLost(Camera* camera);
 
     std::unique_ptr<AravisSystem> m_aravis;
+    std::shared_ptr<Mailbox> m_mailbox; ///< for other threads
     std::vector<std::unique_ptr<Camera>> m_cameras;
     // A handle is the address of an element. None is used twice, so that a handle of a closed
     // camera never names another one.
     std::deque<char> m_handles;
-    std::map<QString, Kept> m_kept;           ///< by model and serial number
-    std::atomic<unsigned> m_cameraCount = 0;  ///< for other threads
-    std::unique_ptr<QThreadPool> m_releasing; ///< lost cameras, which take seconds to release
+    std::map<QString, Kept> m_kept;          ///< by model and serial number
+    std::map<QString, Restart> m_restarts;   ///< by the cameras' ids
+    std::atomic<unsigned> m_cameraCount = 0; ///< for other threads
 };
 
 } // namespace vistrel
