@@ -60,7 +60,11 @@ CaptureDialog::CaptureDialog(QWidget* parent, const QString& title, const QStrin
     connect(&m_interrupted, &QSocketNotifier::activated, this, &QDialog::reject);
 }
 
-CaptureDialog::~CaptureDialog() = default;
+CaptureDialog::~CaptureDialog()
+{
+    if (m_started)
+        m_started->stop();
+}
 
 void CaptureDialog::setCountdown(int seconds) { m_secondsLeft = seconds; }
 
@@ -71,10 +75,12 @@ bool CaptureDialog::watch(CameraManager& cameras, void* cameraHandle, ImageView*
         if (closing == cameraHandle)
             reject();
     });
-    if (view && view->isStreaming()) {
+    // A picture looks the same whether its view streams or not: it goes through the view's chain.
+    if (view) {
         connect(view, &ImageView::frameTaken, this,
                 [this, view] { showFrame(copyOfImage(view->image())); });
-        return true;
+        m_started = view->isStreaming() ? nullptr : view->stream();
+        return !m_started || m_started->start(error);
     }
     m_stream = std::make_unique<LiveStream>(cameras, cameraHandle, m_chain);
     connect(m_stream.get(), &LiveStream::frameReady, this,

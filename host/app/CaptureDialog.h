@@ -8,6 +8,7 @@
 
 #include <CxImageData.h>
 
+#include <QtCore/QPointer>
 #include <QtCore/QSocketNotifier>
 #include <QtCore/QTimer>
 #include <QtWidgets/QDialog>
@@ -38,9 +39,10 @@ public:
     /// Takes the picture by itself that many seconds after the first one was seen; 0 takes the
     /// first. The user may still be faster.
     void setCountdown(int seconds);
-    /// Shows an opened camera's frames: those of the view that streams it, or else those of a
-    /// stream of the dialog's own, which ends with it. False with the reason in `error`.
-    /// @param view  may be null.
+    /// Shows an opened camera's frames: those that its view shows, through the view's chain, or
+    /// when it has no view those of a stream of the dialog's own. A stream that it has started
+    /// ends with it. False with the reason in `error`.
+    /// @param view  of that camera; may be null.
     bool watch(CameraManager& cameras, void* cameraHandle, ImageView* view, QString& error);
 
     /// The picture that was taken, on the heap, both record and pixels the caller's; null when
@@ -60,7 +62,8 @@ private:
     Preview* m_preview;
     QPushButton* m_capture;
     Chain m_chain;                        ///< of the dialog's own stream; without elements
-    std::unique_ptr<LiveStream> m_stream; ///< the dialog's own; null when a view streams
+    std::unique_ptr<LiveStream> m_stream; ///< the dialog's own; null when there is a view
+    QPointer<LiveStream> m_started;       ///< the view's when the dialog has started it
     std::unique_ptr<CxImageData> m_shown;
     std::optional<int> m_secondsLeft;
     QTimer m_second;

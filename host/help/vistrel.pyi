@@ -1000,8 +1000,9 @@ class Camera:
     ) -> int:
         """Let the user take one image and show it in a new view.
 
-        Opens a dialog with the camera's live image; the script goes on when
-        the user has closed it.
+        Opens a dialog with the camera's live image, as the camera's view
+        shows it when there is one, processing elements included; the script
+        goes on when the user has closed it.
 
         Args:
             title: of dialog and view; empty stands for "Capture Image".

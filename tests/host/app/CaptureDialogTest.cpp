@@ -5,7 +5,9 @@
 
 #include "app/CaptureDialog.h"
 #include "app/DialogAnswers.h"
+#include "app/ImageView.h"
 #include "app/LiveStream.h"
+#include "chains/Threshold.h"
 
 #include <CxCameraParameters.h>
 
@@ -13,6 +15,7 @@
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QDialog>
 #include <QtWidgets/QLabel>
+#include <QtXml/QDomDocument>
 
 #include <unistd.h>
 
@@ -160,6 +163,26 @@ TEST_F(CaptureDialogTest, LeavesTheViewThatStreamsAlone)
     }
     EXPECT_TRUE(host.cameras().isStreaming(camera));
     EXPECT_TRUE(environment.waitForNextFrame(app.view(id), 30.0));
+}
+
+TEST_F(CaptureDialogTest, GivesThePictureThroughTheViewsChainWhetherTheViewStreamsOrNot)
+{
+    ASSERT_TRUE(app.setCameraAcquisition(true, camera));
+    auto& view = dynamic_cast<ImageView&>(*app.view(app.activeViewId()));
+    QDomDocument document;
+    QDomElement conf = document.createElement(QStringLiteral("conf"));
+    conf.setAttribute(QStringLiteral("level"), 100);
+    auto element = std::make_unique<Threshold>();
+    element->configure(conf);
+    view.chain().insertBefore(std::move(element), view.chainEnd());
+    for (const bool streams : {true, false}) {
+        app.setCameraAcquisition(streams, camera);
+        const Picture picture = ask(0);
+        ASSERT_NE(picture, nullptr);
+        EXPECT_EQ(host.cameras().isStreaming(camera), streams);
+        for (quint32 x = 0; x < picture->width; ++x)
+            EXPECT_TRUE(picture->data[x] == 0 || picture->data[x] == 255) << int{picture->data[x]};
+    }
 }
 
 TEST_F(CaptureDialogTest, TakesThePictureByItselfWhenTheCountdownIsOver)
