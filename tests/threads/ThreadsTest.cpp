@@ -9,6 +9,7 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <functional>
 #include <thread>
 #include <vector>
@@ -61,6 +62,20 @@ TEST(Threads, ImagesAreWholeWhileTheyAreReadAndNoneIsLostOrDeletedTwice)
     for (int i = 0; i < 3; ++i)
         global_variables::setImage(nameOf(i), nullptr);
     EXPECT_EQ(countedImages(), 0);
+}
+
+TEST(Threads, ABorrowerSeesAnImageGoThatAnotherThreadDeletes)
+{
+    for (int turn = 0; turn < turns / 10; ++turn) {
+        auto image = std::make_unique<CxImageData>();
+        CxImageData* borrowed = image.get();
+        borrowed_images::watch(borrowed);
+        std::thread deleting([&image] { image.reset(); });
+        while (std::atomic_ref(borrowed).load(std::memory_order_relaxed) != nullptr)
+            std::this_thread::yield();
+        deleting.join();
+    }
+    borrowed_images::forgetAll();
 }
 
 TEST(Threads, EachBorrowerOfAnImageThatGoesSeesIt)

@@ -63,6 +63,22 @@ TEST(GlobalVariables, AnImageIsReplacedByACopyAndTheOldOneDeleted)
     setImage(QStringLiteral("a"), nullptr);
 }
 
+TEST(GlobalVariables, WhoeverHearsOfTheDeletionMayUseTheStore)
+{
+    CxImageData image;
+    image.picBuf()->width = 1;
+    setImage(QStringLiteral("a"), &image);
+    bool wasFree = false;
+    QObject::connect(stored("a"), &QObject::destroyed, [&wasFree] {
+        wasFree = g_lockGlobalVars.tryLock();
+        if (wasFree)
+            g_lockGlobalVars.unlock();
+    });
+    setImage(QStringLiteral("a"), &image);
+    EXPECT_TRUE(wasFree);
+    setImage(QStringLiteral("a"), nullptr);
+}
+
 class FailingImage : public CxImageData {
 public:
     QObject* copy(QObject*) override { throw std::runtime_error("no copy"); }

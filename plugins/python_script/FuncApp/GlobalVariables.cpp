@@ -5,6 +5,7 @@
 
 #include <CxImageData.h>
 
+#include <memory>
 #include <utility>
 
 QMutex g_lockGlobalVars;
@@ -44,13 +45,14 @@ void setString(const QString& name, const QString& value)
 
 void setImage(const QString& name, CxImageData* image)
 {
+    // Deleted after the lock: whoever hears of it takes locks of his own, or uses the store.
+    std::unique_ptr<CxImageData> replaced;
     const QMutexLocker lock(&g_lockGlobalVars);
     const auto stored = g_mapGlobalVarImg.find(name);
     if (stored != g_mapGlobalVarImg.end()) {
         if (*stored == image)
             return;
-        // Before the copy is made: there need not be memory for both.
-        delete std::exchange(*stored, nullptr);
+        replaced.reset(std::exchange(*stored, nullptr));
     }
     if (image != nullptr)
         g_mapGlobalVarImg[name] = copyOf(*image);

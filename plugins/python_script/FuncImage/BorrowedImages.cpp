@@ -5,6 +5,7 @@
 
 #include <CxImageData.h>
 
+#include <atomic>
 #include <mutex>
 #include <unordered_map>
 #include <unordered_set>
@@ -64,7 +65,7 @@ void Borrowers::drop(const QObject* image)
     if (entry == m_pointers.end())
         return;
     for (CxImageData** pointer : entry->second)
-        *pointer = nullptr;
+        std::atomic_ref(*pointer).store(nullptr, std::memory_order_relaxed);
     m_pointers.erase(entry);
 }
 

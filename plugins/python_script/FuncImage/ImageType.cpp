@@ -13,6 +13,7 @@
 
 #include <CxImageData.h>
 
+#include <atomic>
 #include <cstring>
 
 using python::guarded;
@@ -151,7 +152,10 @@ PyObject* fx_pyimg_newOwnerOrError(Outcome<std::unique_ptr<CxImageData>> image)
 
 CxImageData* fx_pyimg_getImageObjectData(PyObject* object)
 {
-    return object != nullptr ? record(object).imageData : nullptr;
+    if (object == nullptr)
+        return nullptr;
+    // One plain load; but an image may go on a thread that knows nothing of the interpreter's lock.
+    return std::atomic_ref(record(object).imageData).load(std::memory_order_relaxed);
 }
 
 Outcome<CxImageData*> fx_pyimg_imageArgument(PyObject* object)
