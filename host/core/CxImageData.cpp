@@ -4,6 +4,7 @@
 #include <CxImageData.h>
 #include <CxPicBufAPI.h>
 
+#include <cstring>
 #include <new>
 #include <optional>
 
@@ -27,7 +28,8 @@ bool copyBuffer(CxImageData& target, const SxPicBuf& source)
         CxPicBufAPI::AllocPicBufFromHeap(buffer, source, false, 0);
         if (buffer.data == nullptr)
             return false;
-        CxPicBufAPI::CopyPicBuf(buffer, source, true);
+        if (!CxPicBufAPI::CopyPicBuf(buffer, source, true))
+            std::memset(buffer.data, 0, buffer.allocatedBytes);
     } else {
         buffer = source;
     }

@@ -104,8 +104,9 @@ public:
 
     bool save(CxImageData* image, int /*options*/) override
     {
-        QString error;
-        const bool saved = write(*image->picBuf(), error);
+        QString error = QStringLiteral("there is no picture");
+        const SxPicBuf* const picture = image ? image->picBuf() : nullptr;
+        const bool saved = picture && write(*picture, error);
         if (!saved)
             logError(QStringLiteral("Cannot save \"%1\": %2").arg(m_path, error));
         return saved;

@@ -165,6 +165,15 @@ TEST_F(ImageFileError, AnImageWithoutPixelsIsNotSaved)
     expectOneLine("a.png", "no pixels");
 }
 
+TEST_F(ImageFileError, NoImageIsNotSaved)
+{
+    const std::unique_ptr<IxImageSaver> saver(m_formats.saverForFile(path("none.png")));
+    ASSERT_NE(saver, nullptr);
+    EXPECT_FALSE(saver->save(nullptr, 0));
+    EXPECT_FALSE(QFileInfo::exists(path("none.png")));
+    EXPECT_TRUE(LogLines::joined().contains(QLatin1String("there is no picture")));
+}
+
 TEST_F(ImageFileError, AFolderThatDoesNotExistIsNamedWithTheReason)
 {
     expectRefused("missing/a.png", {.width = 4, .height = 4}, "No such file or directory");
