@@ -13,6 +13,7 @@ import vistrel
 
 SIZE = 2048
 SECONDS = float(os.environ["VISTREL_BENCHMARK_SECONDS"])
+RATE = float(os.environ["VISTREL_BENCHMARK_RATE"])
 
 
 def next_frame(view):
@@ -25,7 +26,7 @@ def next_frame(view):
 camera = vistrel.Camera()
 camera.open_device()
 camera.set_roi(0, 0, SIZE, SIZE)
-camera.set_framerate(camera.get_framerate_maximum())
+assert camera.set_framerate(RATE) == 0
 view = camera.start_acquisition()
 assert next_frame(view).shape == (SIZE, SIZE)
 

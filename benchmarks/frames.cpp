@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Vistrel Python scripting authors
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A bare loop over the frames of Aravis' simulated camera: prints the seconds of one.
-// camera_frames.py does the same from a script.
+// A bare loop over the frames of Aravis' simulated camera at a given rate: prints the seconds of
+// one. camera_frames.py does the same from a script.
 #include <arv.h>
 
 #include <chrono>
@@ -11,7 +11,6 @@
 namespace {
 
 constexpr int size = 2048;
-constexpr double frameRate = 1000.0; // the most that the camera takes; its own work holds it back
 constexpr int bufferCount = 8;
 constexpr guint64 patienceUs = 10'000'000;
 
@@ -49,12 +48,13 @@ double secondsOfFrame(ArvStream* stream, double seconds)
 int main()
 {
     const char* seconds = std::getenv("VISTREL_BENCHMARK_SECONDS");
+    const char* frameRate = std::getenv("VISTREL_BENCHMARK_RATE");
     arv_enable_interface("Fake");
     ArvCamera* camera = arv_camera_new("Fake_1", nullptr);
-    if (!camera || !seconds)
-        fail("there is no simulated camera, or no VISTREL_BENCHMARK_SECONDS");
+    if (!camera || !seconds || !frameRate)
+        fail("there is no simulated camera, or no VISTREL_BENCHMARK_SECONDS or _RATE");
     arv_camera_set_region(camera, 0, 0, size, size, nullptr);
-    arv_camera_set_frame_rate(camera, frameRate, nullptr);
+    arv_camera_set_frame_rate(camera, std::atof(frameRate), nullptr);
     ArvStream* stream = arv_camera_create_stream(camera, nullptr, nullptr, nullptr);
     const guint frameBytes = arv_camera_get_payload(camera, nullptr);
     for (int i = 0; i < bufferCount; ++i)
