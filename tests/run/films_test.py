@@ -3,6 +3,7 @@
 """Films that vistrel-run records: they can be played however the program ends."""
 
 import pathlib
+import re
 import signal
 import subprocess
 import unittest
@@ -79,9 +80,13 @@ class Films(ProgramTest):
 
     def test_of_the_example_can_be_played(self):
         result = self.call("--camera", "sim", "--cwd", str(self.folder), str(EXAMPLE))
-        self.assert_succeeds(result, "saved film.avi\n")
+        self.assertEqual((result.returncode, result.stdout), (0, "saved film.avi\n"))
         pictures = self.pictures("film.avi")
-        self.assertGreaterEqual(len(pictures), 19)
+        # A slow machine may drop some, and says how many.
+        lacking = re.fullmatch(r"[^\n]*film.avi\" lacks (\d+) of \d+ pictures[^\n]*\n", result.stderr)
+        if not lacking:
+            self.assertEqual(result.stderr, "")
+        self.assertGreaterEqual(len(pictures) + int(lacking[1] if lacking else 0), 19)
         self.assertGreater(pictures[-1].std(), 5)  # there is something to see
 
 
