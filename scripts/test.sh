@@ -2,7 +2,7 @@
 # SPDX-FileCopyrightText: 2026 The Vistrel Python scripting authors
 # SPDX-License-Identifier: GPL-3.0-or-later
 # Builds the project on a fresh Debian and runs every test: scripts/test.sh [PRESET [CTEST-OPTION...]]
-# PRESET is default or asan.
+# PRESET is default, asan or tsan.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
