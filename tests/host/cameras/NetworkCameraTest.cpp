@@ -170,6 +170,7 @@ TEST_F(NetworkCamera, ASlowSinkDropsWholeFrames)
     EXPECT_TRUE(waitUntil([&] { return manager.statistics(camera).framesTaken >= 20; }));
     EXPECT_GT(manager.statistics(camera).framesDropped, 10U);
     EXPECT_LT(manager.statistics(camera).framesDropped, 200U);
+    manager.stop(camera); // before the gate goes
 }
 
 TEST_F(NetworkCamera, IsReportedLostWhenItDiesAndLeavesTheRestWorking)

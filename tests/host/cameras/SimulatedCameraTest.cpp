@@ -283,6 +283,7 @@ TEST_F(CameraStreaming, ASlowSinkDropsFramesAndHoldsNobodyUp)
     EXPECT_EQ(read(camera, "Width").toInt(), 512);
     closed.unlock();
     EXPECT_TRUE(waitUntil([&] { return manager.statistics(camera).framesTaken >= 20; }));
+    manager.stop(camera); // before the gate goes
 }
 
 } // namespace
