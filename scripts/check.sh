@@ -17,11 +17,10 @@ clang-format-14 --dry-run --Werror "${sources[@]}" "${headers[@]}"
 mapfile -t product < <(git ls-files '*.cpp' ':!tests')
 # Without the headers of Qt and Python, whose macros it need not know: it takes seconds.
 echo "cppcheck: ${#product[@]} sources"
-cppcheck --quiet --std=c++20 --language=c++ --library=qt --enable=warning,performance,portability \
+cppcheck --quiet -j "$(nproc)" --std=c++20 --language=c++ --library=qt --enable=warning,performance,portability \
     --error-exitcode=1 --suppressions-list=scripts/cppcheck.txt --suppress=missingIncludeSystem \
     -DPy_LIMITED_API=0x03080000 '-DQ_DISABLE_COPY_MOVE(type)=' -I host_api -I host -I plugins/python_script \
     "${product[@]}"
 
 echo "clang-tidy: ${#product[@]} sources"
-printf '%s\0' "${product[@]}" |
-    xargs -0 -n 4 -P "$(nproc)" clang-tidy-14 --quiet --warnings-as-errors='*' -p build
+scripts/tidy.py "${product[@]}"
