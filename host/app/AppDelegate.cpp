@@ -82,6 +82,7 @@ bool AppDelegate::duplicateView(int id)
     if (!copy)
         return false;
     openView(tr("Copy of %1").arg(source->windowTitle()), std::move(copy));
+    m_views.active()->setBrightness(source->brightness());
     return true;
 }
 

@@ -1,56 +1,94 @@
 // SPDX-FileCopyrightText: 2026 The Vistrel Python scripting authors
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Grey pictures of 8 bits are copied as they are; all others go by way of red, green, blue, alpha.
+// Grey pictures stay grey; all others go by way of red, green, blue, alpha.
 #include "app/DisplayPicture.h"
 
-#include <CxPicBufAPI.h>
+#include "core/PicBufMat.h"
+#include "core/PicBufView.h"
+#include "core/ShownValues.h"
+
+#include <opencv2/imgproc.hpp>
+
+#include <QtCore/QRect>
 
 namespace vistrel {
 
 namespace {
 
-bool isPlainGrey(const SxPicBuf& buffer)
+/// A record for a part of the buffer's pixels, which stay the buffer's.
+SxPicBuf partOf(const SxPicBuf& buffer, const QRect& pixels)
 {
-    return buffer.dataType == ExImageDataType::UInt8 && buffer.channels == 1 && buffer.bpc == 8;
+    SxPicBuf part = buffer;
+    part.data += static_cast<std::size_t>(pixels.y()) * buffer.stride
+                 + static_cast<std::size_t>(pixels.x()) * buffer.bytesPerPixel();
+    part.width = static_cast<quint32>(pixels.width());
+    part.height = static_cast<quint32>(pixels.height());
+    return part;
 }
 
-QImage wrap(const SxPicBuf& buffer, QImage::Format format)
+bool mayBeHalved(const cv::Mat& pixels, const cv::Size& wanted)
 {
-    return QImage(buffer.data, static_cast<int>(buffer.width), static_cast<int>(buffer.height),
-                  static_cast<qsizetype>(buffer.stride), format);
+    return pixels.cols % 2 == 0 && pixels.rows % 2 == 0 && pixels.cols >= 2 * wanted.width
+           && pixels.rows >= 2 * wanted.height;
 }
 
-/// Pixel memory for the time of a conversion.
-class ScratchPicture {
-public:
-    explicit ScratchPicture(const SxPicBuf& source)
-    {
-        CxPicBufAPI::AllocPicBufFromHeap(
-            m_buffer, source.width, source.height, 4, ExImageDataType::UInt8, 0, 0, 8,
-            ExDataStorageFormat::Interleaved, ExColorFilterArray::None, true, false, 0);
+cv::Mat reduced(const cv::Mat& pixels, const QSize& largest)
+{
+    const cv::Size wanted(std::clamp(largest.width(), 1, pixels.cols),
+                          std::clamp(largest.height(), 1, pixels.rows));
+    cv::Mat result = pixels;
+    // Averaging two by two is many times quicker than by any other factor.
+    while (mayBeHalved(result, wanted)) {
+        cv::Mat half;
+        cv::resize(result, half, result.size() / 2, 0.0, 0.0, cv::INTER_AREA);
+        result = half;
     }
-    ~ScratchPicture() { CxPicBufAPI::FreePicBuf(m_buffer, true); }
-    Q_DISABLE_COPY_MOVE(ScratchPicture)
+    if (result.size() == wanted)
+        return result;
+    cv::Mat last;
+    cv::resize(result, last, wanted, 0.0, 0.0, cv::INTER_AREA);
+    return last;
+}
 
-    SxPicBuf& buffer() { return m_buffer; }
+/// The matrix' pixels without a copy, if they are its own.
+QImage imageOf(const cv::Mat& pixels, QImage::Format format)
+{
+    const bool ownsPixels = pixels.u != nullptr;
+    const auto release = [](void* kept) { delete static_cast<cv::Mat*>(kept); };
+    const QImage image(pixels.data, pixels.cols, pixels.rows, static_cast<qsizetype>(pixels.step),
+                       format, ownsPixels ? +release : nullptr,
+                       ownsPixels ? new cv::Mat(pixels) : nullptr);
+    return ownsPixels ? image : image.copy();
+}
 
-private:
-    SxPicBuf m_buffer;
-};
+QImage convertedPart(const SxPicBuf& part, const ValueRange& range, const QSize& largest)
+{
+    const AlignedPicture aligned(part);
+    if (isShownGrey(part))
+        return imageOf(reduced(bytesOf(aligned.buffer(), range), largest),
+                       QImage::Format_Grayscale8);
+    cv::Mat colors;
+    convertToRgba(aligned.buffer(), range, colors);
+    return imageOf(reduced(colors, largest), QImage::Format_RGBX8888);
+}
 
 } // namespace
 
-QImage displayPicture(const SxPicBuf& buffer)
+QImage displayPicture(const SxPicBuf& buffer, const ValueRange& range, const QRect& pixels,
+                      const QSize& largest)
 {
-    if (!buffer.data)
-        return {};
-    if (isPlainGrey(buffer))
-        return wrap(buffer, QImage::Format_Grayscale8).copy();
-
-    ScratchPicture scratch(buffer);
-    if (!scratch.buffer().data || !CxPicBufAPI::ConvertPicToRGB(buffer, scratch.buffer()))
-        return {};
-    return wrap(scratch.buffer(), QImage::Format_RGBX8888).copy();
+    QImage result;
+    if (!hasPixels(buffer) || !fitsMat(buffer) || buffer.channels > CV_CN_MAX)
+        return result;
+    const QRect whole(0, 0, static_cast<int>(buffer.width), static_cast<int>(buffer.height));
+    const QRect inside = pixels & whole;
+    if (inside.isEmpty())
+        return result;
+    guarded("Showing a picture", [&] {
+        result = convertedPart(partOf(buffer, inside), range, largest);
+        return true;
+    });
+    return result;
 }
 
 } // namespace vistrel

@@ -19,7 +19,7 @@ namespace vistrel {
 
 namespace {
 
-constexpr QSize emptyViewSize(320, 240);
+constexpr QSize smallestSizeHint(320, 240);
 constexpr QSize largestSizeHint(800, 600);
 constexpr double usualFrameRate = 25.0;
 
@@ -129,10 +129,9 @@ bool ImageView::isRecording() const { return m_recorder && m_recorder->isRecordi
 QSize ImageView::sizeHint() const
 {
     const QSize size = pictureSize();
-    if (size.isEmpty())
-        return emptyViewSize;
     const bool fits = size.boundedTo(largestSizeHint) == size;
-    return fits ? size : size.scaled(largestSizeHint, Qt::KeepAspectRatio);
+    const QSize shown = fits ? size : size.scaled(largestSizeHint, Qt::KeepAspectRatio);
+    return shown.expandedTo(smallestSizeHint);
 }
 
 void ImageView::closeEvent(QCloseEvent* event)

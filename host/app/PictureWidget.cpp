@@ -3,10 +3,7 @@
 // Paints a picture where zoom and pan put it.
 #include "app/PictureWidget.h"
 
-#include "app/DisplayPicture.h"
 #include "app/PixelText.h"
-
-#include <SxPicBuf.h>
 
 #include <QtGui/QPainter>
 
@@ -42,7 +39,8 @@ void PictureWidget::followMouse()
 void PictureWidget::setPicture(const SxPicBuf* picture)
 {
     m_picture = picture && picture->data ? picture : nullptr;
-    m_display = QImage();
+    m_painter.forget();
+    m_range.reset();
     m_zoomPan.setSizes(pictureSize(), size());
     showMoved();
     Q_EMIT pictureChanged();
@@ -88,6 +86,32 @@ void PictureWidget::cancelRectangle()
     Q_EMIT rectangleModeChanged(false);
 }
 
+void PictureWidget::setBrightness(const Brightness& brightness)
+{
+    if (m_brightness == brightness)
+        return;
+    m_brightness = brightness;
+    m_range.reset();
+    update();
+    Q_EMIT brightnessChanged();
+}
+
+ValueRange PictureWidget::shownRange()
+{
+    if (!m_range)
+        m_range = m_picture ? rangeFor(m_brightness, *m_picture) : ValueRange();
+    return *m_range;
+}
+
+void PictureWidget::setRegion(const QRect& pixels)
+{
+    if (m_region == pixels)
+        return;
+    m_region = pixels;
+    update();
+    Q_EMIT regionChanged();
+}
+
 QString PictureWidget::textOfPixel() const
 {
     const std::optional<QPoint> pixel = m_mouse.pixel();
@@ -113,20 +137,22 @@ void PictureWidget::paintEvent(QPaintEvent*)
     QPainter painter(this);
     painter.fillRect(rect(), palette().color(QPalette::Dark));
     if (m_picture)
-        paintPicture(painter);
-    const QRect band = m_mouse.rectangle();
-    if (band.isEmpty())
-        return;
-    painter.setPen(QPen(palette().color(QPalette::Highlight), 2.0));
-    painter.drawRect(m_zoomPan.placeOf(band));
+        m_painter.paint(painter, devicePixelRatioF(), *m_picture, shownRange(), m_zoomPan);
+    paintFrames(painter);
 }
 
-void PictureWidget::paintPicture(QPainter& painter)
+void PictureWidget::paintFrames(QPainter& painter)
 {
-    if (m_display.isNull())
-        m_display = displayPicture(*m_picture);
-    painter.setRenderHint(QPainter::SmoothPixmapTransform, m_zoomPan.zoom() < 1.0);
-    painter.drawImage(m_zoomPan.target(), m_display);
+    const QColor color = palette().color(QPalette::Highlight);
+    if (!m_region.isEmpty()) {
+        painter.setPen(QPen(color, 1.0, Qt::DashLine));
+        painter.drawRect(m_zoomPan.placeOf(m_region));
+    }
+    const QRect drawn = m_mouse.rectangle();
+    if (!drawn.isEmpty()) {
+        painter.setPen(QPen(color, 2.0));
+        painter.drawRect(m_zoomPan.placeOf(drawn));
+    }
 }
 
 } // namespace vistrel

@@ -3,15 +3,15 @@
 // Shows a picture for a person to look at closely.
 #pragma once
 
+#include "app/Brightness.h"
 #include "app/PictureMouse.h"
+#include "app/PicturePainter.h"
 #include "app/ZoomPan.h"
 
-#include <QtGui/QImage>
 #include <QtWidgets/QWidget>
 
 #include <functional>
-
-struct SxPicBuf;
+#include <optional>
 
 namespace vistrel {
 
@@ -47,12 +47,23 @@ public:
     void cancelRectangle();
     bool drawsRectangle() const { return m_mouse.drawsRectangle(); }
 
+    const Brightness& brightness() const { return m_brightness; }
+    void setBrightness(const Brightness& brightness);
+    /// The values that are black and white now, as the brightness has found them.
+    ValueRange shownRange();
+
+    /// A part of the picture that is of interest; null for all of it. It has a frame.
+    const QRect& region() const { return m_region; }
+    void setRegion(const QRect& pixels);
+
     /// "x 3, y 4: 4095" for the pixel below the mouse; empty when there is none.
     QString textOfPixel() const;
 
 Q_SIGNALS:
     /// Another picture is shown, or none.
     void pictureChanged();
+    void brightnessChanged();
+    void regionChanged();
     void zoomChanged(double zoom);
     void pixelTextChanged(const QString& text);
     /// A rectangle may be drawn now, or not any more. When one asker follows another, it is first
@@ -68,14 +79,17 @@ protected:
 private:
     void followMouse();
     void showMoved();
-    void paintPicture(QPainter& painter);
+    void paintFrames(QPainter& painter);
 
     const SxPicBuf* m_picture = nullptr;
     ZoomPan m_zoomPan;
     PictureMouse m_mouse;
     double m_toldZoom = 1.0; // what zoomChanged() said last
     QMetaObject::Connection m_asker;
-    QImage m_display; // made when first painted, so that views without a screen cost nothing
+    Brightness m_brightness;
+    std::optional<ValueRange> m_range; // of the picture, when it has been asked for
+    QRect m_region;
+    PicturePainter m_painter;
 };
 
 } // namespace vistrel

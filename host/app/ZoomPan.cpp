@@ -52,9 +52,10 @@ void ZoomPan::fit()
 
 void ZoomPan::setZoom(double zoom, const QPointF& around)
 {
-    // A picture that is fitted below the least zoom may be enlarged from there.
+    // A picture that is fitted beyond the bounds may be zoomed back from there.
     const double least = std::min(leastZoom, fittingZoom());
-    const double wanted = std::clamp(zoom, least, mostZoom);
+    const double most = std::max(mostZoom, fittingZoom());
+    const double wanted = std::clamp(zoom, least, most);
     m_topLeft = around - (around - m_topLeft) * (wanted / m_zoom);
     m_zoom = wanted;
     m_isFitted = false;
@@ -87,7 +88,7 @@ QRect ZoomPan::pixelsIn(const QRectF& rect) const
         return {};
     const QRectF normalized = rect.normalized();
     const QRect touched(pixelAt(normalized.topLeft()), pixelAt(normalized.bottomRight()));
-    return touched & QRect(QPoint(), m_picture.toSize());
+    return touched & allPixels();
 }
 
 QRectF ZoomPan::placeOf(const QRect& pixels) const

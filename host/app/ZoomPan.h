@@ -34,6 +34,9 @@ public:
     QPoint pixelAt(const QPointF& point) const;
     /// The pixels that a rectangle of the area touches, cut at the picture's edges.
     QRect pixelsIn(const QRectF& rect) const;
+    QRect allPixels() const { return {QPoint(), m_picture.toSize()}; }
+    /// The pixels of which the area shows something.
+    QRect visiblePixels() const { return pixelsIn({QPointF(), m_area}); }
     /// Where pixels of the picture lie in the area.
     QRectF placeOf(const QRect& pixels) const;
 

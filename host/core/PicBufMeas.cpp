@@ -3,6 +3,7 @@
 // Statistics of rectangles, lines and columns.
 #include <CxPicBufMeas.h>
 
+#include "core/ChannelNames.h"
 #include "core/PicBufView.h"
 #include "core/PixelLines.h"
 #include "core/PixelStatistics.h"
@@ -25,26 +26,6 @@ CxHistoData::CxPixelStats vistrel::statsOfExactSums(quint64 count, quint64 sum, 
 }
 
 namespace {
-
-QList<QString> channelNames(const SxPicBuf& buffer)
-{
-    const bool isPacked = vistrel::isPacked(buffer);
-    const quint32 channels = isPacked ? vistrel::packed565::colors : buffer.channels;
-    if (channels == 1)
-        return {QStringLiteral("Mono")};
-    QList<QString> names;
-    if (channels == 3 || channels == 4) {
-        names = {QStringLiteral("Red"), QStringLiteral("Green"), QStringLiteral("Blue")};
-        if (!isPacked && !buffer.isRgb)
-            names.swapItemsAt(0, 2);
-        if (channels == 4)
-            names << QStringLiteral("Alpha");
-        return names;
-    }
-    for (quint32 c = 1; c <= channels; ++c)
-        names << QStringLiteral("Channel %1").arg(c);
-    return names;
-}
 
 /// The colours of a filter's four positions: the two of an even line, then those of an odd one.
 QList<QString> filterNames(ExColorFilterArray pattern)
@@ -108,7 +89,7 @@ CxHistoData measured(const SxPicBuf& buffer, const PixelRect& rect, bool splitsF
         });
         return result;
     }
-    result.channelNames = channelNames(buffer);
+    result.channelNames = vistrel::channelNames(buffer);
     vistrel::visitLinesOf(buffer, rect, [&](auto element, std::size_t channels, auto lines) {
         measureChannels<decltype(element)>(result, channels, static_cast<std::size_t>(rect.width()),
                                            lines);
@@ -142,7 +123,7 @@ void measureColumns(StatsLists& stats, std::size_t channels, std::size_t pixels,
 CxProfileData profiled(const SxPicBuf& buffer, const PixelRect& rect, bool rows)
 {
     CxProfileData result;
-    result.channelNames = channelNames(buffer);
+    result.channelNames = vistrel::channelNames(buffer);
     result.stats.resize(result.channelNames.size());
     for (auto& channel : result.stats)
         channel.reserve(rows ? rect.height() : rect.width());

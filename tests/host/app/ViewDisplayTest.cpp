@@ -3,8 +3,6 @@
 // What a view paints.
 #include "AppFixture.h"
 
-#include "app/DisplayPicture.h"
-
 using namespace vistrel;
 
 namespace {
@@ -54,19 +52,6 @@ TEST(DisplayedView, ScalesDeepPicturesByTheirSignificantBits)
         view.setImage(std::move(image));
         EXPECT_NEAR(paintedAt(view, {10, 10}).red(), grey, 1) << value;
     }
-}
-
-TEST(DisplayedView, ShowsColoursInTheirOrder)
-{
-    auto image = makeImage(4, 4, 0, ExImageDataType::UInt8, 8, 3);
-    SxPicBuf& buffer = *image->picBuf();
-    for (unsigned y = 0; y < 4; ++y) {
-        for (unsigned x = 0; x < 4; ++x)
-            buffer.data[y * buffer.stride + 3 * x] = 250;
-    }
-    EXPECT_EQ(displayPicture(buffer).pixelColor(1, 1), QColor(250, 0, 0));
-    buffer.isRgb = false;
-    EXPECT_EQ(displayPicture(buffer).pixelColor(1, 1), QColor(0, 0, 250));
 }
 
 TEST(DisplayedView, FollowsAnotherImage)

@@ -145,6 +145,14 @@ TEST(ConvertPicToRgb, PaddedLinesAreRead)
     EXPECT_EQ(target.buffer().data[target.buffer().stride], 99);
 }
 
+TEST(ConvertPicToRgb, BytesOfFewerBitsStayAsTheyAre)
+{
+    Picture source(1, 1, 1, ExImageDataType::UInt8, 6);
+    source.fill<quint8>({63});
+    EXPECT_EQ(firstPixelOf(source), (Pixel{255, 255, 255, 255}));
+    EXPECT_EQ(source.buffer().data[0], 63);
+}
+
 TEST(ConvertPicToRgb, OddLayoutsAreShownByTheirFirstChannelOrRefused)
 {
     Picture five(1, 1, 5, ExImageDataType::UInt8, 8);
