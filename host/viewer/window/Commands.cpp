@@ -3,7 +3,11 @@
 // One line for each command: menu, text, keys, what it does.
 #include "viewer/window/Commands.h"
 
+#include "app/ImageView.h"
 #include "app/MainWindow.h"
+#include "viewer/pictures/BrightnessPanel.h"
+#include "viewer/pictures/FullScreen.h"
+#include "viewer/pictures/SavePicture.h"
 #include "viewer/scripts/EditorTabs.h"
 #include "viewer/scripts/FindBar.h"
 #include "viewer/scripts/ScriptEditor.h"
@@ -14,6 +18,7 @@
 
 #include <QtCore/QFileInfo>
 #include <QtWidgets/QDockWidget>
+#include <QtWidgets/QMdiArea>
 #include <QtWidgets/QMenu>
 #include <QtWidgets/QMenuBar>
 #include <QtWidgets/QMessageBox>
@@ -44,7 +49,17 @@ QAction* Commands::add(QMenu& menu, const QString& text, const QKeySequence& key
     QAction* action = menu.addAction(text);
     action->setShortcut(keys);
     connect(action, &QAction::triggered, this, std::move(work));
+    m_viewer.window().addAction(action); // for its key while the menu bar is hidden
     return action;
+}
+
+void Commands::addForView(QMenu& menu, const QString& text, const QKeySequence& keys, ViewWork work)
+{
+    add(menu, text, keys, [this, work = std::move(work)] {
+        AppDelegate& delegate = m_viewer.host().delegate();
+        if (ImageView* view = delegate.imageView(delegate.activeViewId()))
+            work(*view);
+    });
 }
 
 void Commands::addFileMenu()
@@ -62,7 +77,7 @@ void Commands::addFileMenu()
         [&tabs] { tabs.close(tabs.currentIndex()); });
     menu.addSeparator();
     add(menu, tr("Save &picture as..."), QKeySequence(Qt::CTRL | Qt::ALT | Qt::Key_S),
-        [this] { m_viewer.savePictureAs(); });
+        [this] { savePictureAs(m_viewer.window(), m_viewer.host().delegate()); });
     menu.addSeparator();
     add(menu, tr("&Quit"), QKeySequence(Qt::CTRL | Qt::Key_Q),
         [this] { m_viewer.window().close(); });
@@ -71,23 +86,75 @@ void Commands::addFileMenu()
 void Commands::addViewMenu()
 {
     QMenu& menu = addMenu(tr("&View"));
-    AppDelegate& delegate = m_viewer.host().delegate();
-    add(menu, tr("&Duplicate"), QKeySequence(Qt::CTRL | Qt::Key_D),
-        [&delegate] { delegate.duplicateView(-1); });
-    add(menu, tr("&Tile"), QKeySequence(Qt::CTRL | Qt::Key_T),
-        [&delegate] { delegate.tileViews(); });
-    QAction* full = menu.addAction(tr("&Full screen"));
-    full->setCheckable(true);
-    full->setShortcut(QKeySequence(Qt::Key_F11));
-    connect(full, &QAction::toggled, &delegate,
-            [&delegate](bool on) { delegate.setFullScreen(on); });
-    QAction* dark = menu.addAction(tr("Da&rk colours"));
+    addZoomCommands(menu);
+    addBrightnessCommands(menu);
+    addArrangingCommands(menu);
+    addFullScreen(menu);
+    QAction* dark = menu.addAction(tr("Dar&k colours"));
     dark->setCheckable(true);
     dark->setChecked(isDarkThemeChosen());
     dark->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_D));
     connect(dark, &QAction::toggled, this, &setDarkTheme);
     menu.addSeparator();
     addPanelSwitches(menu);
+}
+
+void Commands::addZoomCommands(QMenu& menu)
+{
+    constexpr double step = 1.25;
+    addForView(menu, tr("Zoom &in"), QKeySequence::ZoomIn,
+               [](ImageView& view) { view.zoomBy(step); });
+    addForView(menu, tr("Zoom &out"), QKeySequence::ZoomOut,
+               [](ImageView& view) { view.zoomBy(1.0 / step); });
+    addForView(menu, tr("&Fit"), QKeySequence(Qt::CTRL | Qt::Key_0),
+               [](ImageView& view) { view.fit(); });
+    addForView(menu, tr("&100 %"), QKeySequence(Qt::CTRL | Qt::Key_1),
+               [](ImageView& view) { view.setZoom(1.0); });
+    menu.addSeparator();
+}
+
+void Commands::addBrightnessCommands(QMenu& menu)
+{
+    using Mode = Brightness::Mode;
+    BrightnessPanel& panel = m_viewer.brightness();
+    addForView(menu, tr("&Best brightness"), QKeySequence(Qt::CTRL | Qt::Key_B),
+               [](ImageView& view) {
+                   view.setBrightness({Mode::Percentiles, {}});
+               });
+    addForView(menu, tr("Full-&scale brightness"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_B),
+               [](ImageView& view) {
+                   view.setBrightness({Mode::FullScale, {}});
+               });
+    add(menu, tr("Count &region"), QKeySequence(Qt::CTRL | Qt::Key_R),
+        [&panel] { panel.askForRegion(); });
+    add(menu, tr("Count &whole picture"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_R),
+        [&panel] { panel.clearRegion(); });
+    menu.addSeparator();
+}
+
+void Commands::addArrangingCommands(QMenu& menu)
+{
+    AppDelegate& delegate = m_viewer.host().delegate();
+    QMdiArea* const area = m_viewer.window().area();
+    add(menu, tr("&Duplicate"), QKeySequence(Qt::CTRL | Qt::Key_D),
+        [&delegate] { delegate.duplicateView(-1); });
+    add(menu, tr("&Tile"), QKeySequence(Qt::CTRL | Qt::Key_T),
+        [&delegate] { delegate.tileViews(); });
+    add(menu, tr("&Cascade"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_T),
+        [area] { area->cascadeSubWindows(); });
+    addForView(menu, tr("C&lose view"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_W),
+               [](ImageView& view) { view.closeMdiView(); });
+}
+
+void Commands::addFullScreen(QMenu& menu)
+{
+    FullScreen& fullScreen = m_viewer.fullScreen();
+    QAction* action = menu.addAction(tr("F&ull screen"));
+    action->setCheckable(true);
+    action->setShortcut(QKeySequence(Qt::Key_F11));
+    m_viewer.window().addAction(action);
+    connect(action, &QAction::toggled, &fullScreen, &FullScreen::set);
+    connect(&fullScreen, &FullScreen::changed, action, &QAction::setChecked);
 }
 
 void Commands::addPanelSwitches(QMenu& menu)

@@ -13,6 +13,7 @@ class QMenu;
 
 namespace vistrel {
 
+class ImageView;
 class Viewer;
 
 /// Makes the viewer's actions. Everything can be done with the keyboard.
@@ -25,11 +26,18 @@ public:
 
 private:
     using Work = std::function<void()>;
+    using ViewWork = std::function<void(ImageView&)>;
 
     QMenu& addMenu(const QString& title);
     QAction* add(QMenu& menu, const QString& text, const QKeySequence& keys, Work work);
+    /// The work is done on the active view; without one the command does nothing.
+    void addForView(QMenu& menu, const QString& text, const QKeySequence& keys, ViewWork work);
     void addFileMenu();
     void addViewMenu();
+    void addZoomCommands(QMenu& menu);
+    void addBrightnessCommands(QMenu& menu);
+    void addArrangingCommands(QMenu& menu);
+    void addFullScreen(QMenu& menu);
     void addScriptCommands();
     void addExamples(QMenu& menu);
     void addHelpMenu();

@@ -7,13 +7,13 @@
 #include "app/MainWindow.h"
 #include "core/Log.h"
 #include "viewer/chains/ChainPanel.h"
+#include "viewer/pictures/BrightnessPanel.h"
+#include "viewer/pictures/FullScreen.h"
+#include "viewer/pictures/PictureStatus.h"
 #include "viewer/scripts/EditorTabs.h"
 #include "viewer/window/AboutText.h"
 #include "viewer/window/Commands.h"
 #include "viewer/window/ErrorLogPanel.h"
-
-#include <CxImageFormatManager.h>
-#include <IxImageSaver.h>
 
 #include <QtCore/QFileInfo>
 #include <QtCore/QMimeData>
@@ -56,10 +56,13 @@ Viewer::Viewer()
     , m_runs(m_engine, m_host.environment())
     , m_scripts(*new ScriptPanel(m_runs, m_host.environment()))
     , m_errorLog(new ErrorLogPanel(m_host.errorLog()))
+    , m_brightness(new BrightnessPanel(m_host.delegate()))
     , m_scriptDock(addDock(tr("Scripts"), &m_scripts, Qt::RightDockWidgetArea))
     , m_errorLogDock(addDock(tr("Error log"), m_errorLog, Qt::BottomDockWidgetArea))
     , m_chainDock(addDock(tr("Chain"), new ChainPanel(m_host.delegate()), Qt::LeftDockWidgetArea))
+    , m_brightnessDock(addDock(tr("Brightness"), m_brightness, Qt::LeftDockWidgetArea))
     , m_runStatus(new QLabel)
+    , m_fullScreen(std::make_unique<FullScreen>(m_window, m_host.delegate()))
 {
     // A Stop from the companion may come when the script has just ended.
     m_engine.interrupts().setBetweenRuns(SIG_IGN);
@@ -78,6 +81,7 @@ Viewer::~Viewer()
     // The panel holds on to the runs, which go before the window does.
     delete m_scriptDock;
     delete m_errorLogDock;
+    delete m_brightnessDock;
 }
 
 QDockWidget* Viewer::addDock(const QString& title, QWidget* content, Qt::DockWidgetArea area)
@@ -102,6 +106,7 @@ void Viewer::setUpStatusBar()
     const RunWatch& watch = m_scripts.watch();
     connect(&watch, &RunWatch::changed, m_runStatus,
             [this, &watch] { m_runStatus->setText(watch.statusText()); });
+    m_pictureStatus = std::make_unique<PictureStatus>(m_host.delegate(), *m_window.statusBar());
 }
 
 void Viewer::setUpDropping() { m_window.setAcceptDrops(true); }
@@ -135,25 +140,6 @@ void Viewer::openWithDialog()
         openFile(path);
 }
 
-void Viewer::savePictureAs()
-{
-    CxImageData* const image = m_host.delegate().viewImage(m_host.delegate().activeViewId());
-    if (!image) {
-        m_host.delegate().showNotification(tr("There is no picture to save."));
-        return;
-    }
-    QFileDialog dialog(&m_window, tr("Save picture"), QString(),
-                       tr("Pictures (*.png *.tif *.jpg *.bmp *.pnm)"));
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setDefaultSuffix(QStringLiteral("png"));
-    if (dialog.exec() != QDialog::Accepted)
-        return;
-    const QString path = dialog.selectedFiles().constFirst();
-    const std::unique_ptr<IxImageSaver> saver(CxImageFormatManager::instance()->saverForFile(path));
-    if (!saver || !saver->save(image, 0))
-        QMessageBox::warning(&m_window, tr("Save picture"), tr("%1 was not written.").arg(path));
-}
-
 void Viewer::showAbout()
 {
     QMessageBox::about(&m_window, tr("About Vistrel"), aboutText(m_engine.languageVersion()));
@@ -167,6 +153,7 @@ bool Viewer::eventFilter(QObject* object, QEvent* event)
             event->ignore();
             return true;
         }
+        m_fullScreen->set(false); // that is no layout to come back to
         saveSettings();
         break;
     case QEvent::PaletteChange:

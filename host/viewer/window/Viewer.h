@@ -19,9 +19,12 @@ class QMimeData;
 
 namespace vistrel {
 
+class BrightnessPanel;
 class Commands;
 class ErrorLogPanel;
+class FullScreen;
 class MainWindow;
+class PictureStatus;
 
 /// Everything that the program is. GUI thread.
 class Viewer : public QObject {
@@ -41,14 +44,14 @@ public:
     bool openFile(const QString& path);
     /// Asks for files and opens them.
     void openWithDialog();
-    /// Asks for a name and saves the active view's picture.
-    void savePictureAs();
     void showAbout();
 
     MainWindow& window() { return m_window; }
     HostApplication& host() { return m_host; }
     ScriptPanel& scripts() { return m_scripts; }
     ErrorLogPanel& errorLog() { return *m_errorLog; }
+    BrightnessPanel& brightness() { return *m_brightness; }
+    FullScreen& fullScreen() { return *m_fullScreen; }
     RecentFiles& recentFiles() { return m_recentFiles; }
     QDockWidget& scriptDock() { return *m_scriptDock; }
     QDockWidget& errorLogDock() { return *m_errorLogDock; }
@@ -72,11 +75,15 @@ private:
     ScriptRuns m_runs;
     ScriptPanel& m_scripts; // belongs to its dock
     ErrorLogPanel* m_errorLog;
+    BrightnessPanel* m_brightness;
     RecentFiles m_recentFiles;
     QDockWidget* m_scriptDock;
     QDockWidget* m_errorLogDock;
     QDockWidget* m_chainDock;
+    QDockWidget* m_brightnessDock;
     QLabel* m_runStatus;
+    std::unique_ptr<PictureStatus> m_pictureStatus;
+    std::unique_ptr<FullScreen> m_fullScreen;
     std::unique_ptr<Commands> m_commands;
 };
 

@@ -224,6 +224,7 @@ TEST_F(CommandsTest, LeaveTheWindowAsItWasTheNextTime)
 
 TEST_F(CommandsTest, FillTheScreenAndGoBack)
 {
+    m_viewer->openFile(writePicture(QStringLiteral("a.pgm")));
     choose(QStringLiteral("Full screen"));
     EXPECT_TRUE(m_viewer->window().isFullScreen());
     choose(QStringLiteral("Full screen"));
