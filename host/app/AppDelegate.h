@@ -55,6 +55,8 @@ public:
 
     /// The view with that id, null when there is none.
     ImageView* imageView(int id) const { return m_views.find(id); }
+    /// The view that shows an opened camera, null when none does.
+    ImageView* liveView(void* cameraHandle) const;
     /// Files opened last, the newest first.
     const QStringList& recentFiles() const { return m_recentFiles; }
     Sounds& sounds() { return m_sounds; }
@@ -78,7 +80,6 @@ private:
     void tellActiveView();
     void followArea(QMdiSubWindow* activated);
     void rememberFile(const QString& path);
-    ImageView* liveView(void* cameraHandle) const;
     ImageView* formerView(void* cameraHandle) const;
     ImageView* viewWhoseStream(const std::function<bool(const LiveStream&)>& isWanted) const;
     bool startLiveView(void* cameraHandle);

@@ -46,8 +46,9 @@ bool AppDelegate::setCameraAcquisition(bool start, void* cameraHandle)
 
 ImageView* AppDelegate::liveView(void* cameraHandle) const
 {
-    return viewWhoseStream(
-        [cameraHandle](const LiveStream& stream) { return stream.camera() == cameraHandle; });
+    return viewWhoseStream([cameraHandle](const LiveStream& stream) {
+        return cameraHandle && stream.camera() == cameraHandle;
+    });
 }
 
 // A camera that was closed and opened again goes on where it was seen before.

@@ -86,6 +86,17 @@ QString notFound(const QString& id, const std::vector<DeviceEntry>& entries)
     return QStringLiteral("camera %1 was not found; found: %2").arg(id, list);
 }
 
+/// The simulated one comes last.
+std::vector<CameraListing> listingsOf(std::vector<DeviceEntry> entries)
+{
+    std::stable_partition(entries.begin(), entries.end(), std::not_fn(isSimulated));
+    std::vector<CameraListing> listings;
+    listings.reserve(entries.size());
+    for (const DeviceEntry& entry : entries)
+        listings.push_back({publicId(entry), entry.vendor, entry.model, entry.serialNumber});
+    return listings;
+}
+
 QString notOpened() { return QStringLiteral("the camera is not open"); }
 
 } // namespace
@@ -106,13 +117,7 @@ CameraManager::~CameraManager()
 std::vector<CameraListing> CameraManager::discover()
 {
     const LongWork work(lookingForCameras);
-    auto entries = AravisSystem::searchAll();
-    std::stable_partition(entries.begin(), entries.end(), std::not_fn(isSimulated));
-    std::vector<CameraListing> listings;
-    listings.reserve(entries.size());
-    for (const DeviceEntry& entry : entries)
-        listings.push_back({publicId(entry), entry.vendor, entry.model, entry.serialNumber});
-    return listings;
+    return listingsOf(AravisSystem::searchAll());
 }
 
 void* CameraManager::open(const QString& id, QString& error)
@@ -141,6 +146,23 @@ void* CameraManager::openFound(const Entries& entries, const QString& id, QStrin
     };
     auto camera = Camera::open(*entry, id, &m_handles.emplace_back(), onLost, error);
     return camera ? add(std::move(camera)) : nullptr;
+}
+
+void CameraManager::discoverInBackground(std::function<void(std::vector<CameraListing>)> onFound)
+{
+    searchInBackground(QString(), [onFound = std::move(onFound)](const Entries& entries) {
+        onFound(listingsOf(entries));
+    });
+}
+
+void CameraManager::openInBackground(
+    const QString& id, std::function<void(void* cameraHandle, const QString& error)> onOpened)
+{
+    searchInBackground(id, [this, id, onOpened = std::move(onOpened)](const Entries& entries) {
+        QString error;
+        void* const camera = openFound(entries, id, error);
+        onOpened(camera, error);
+    });
 }
 
 void CameraManager::close(void* cameraHandle)
@@ -212,6 +234,18 @@ CxCameraParameters* CameraManager::cameraParameters(void* cameraHandle)
     return camera ? &camera->parameters() : nullptr;
 }
 
+QString CameraManager::idOf(void* cameraHandle) const
+{
+    const Camera* camera = find(cameraHandle);
+    return camera ? camera->id() : QString();
+}
+
+CameraFeatures* CameraManager::features(void* cameraHandle)
+{
+    Camera* camera = find(cameraHandle);
+    return camera ? &camera->parameters() : nullptr;
+}
+
 bool CameraManager::isOpen(const QString& id) const
 {
     return std::any_of(m_cameras.begin(), m_cameras.end(),
@@ -242,15 +276,18 @@ void CameraManager::openAgain(const QString& id)
         if (isOpen(id))
             m_restarts.erase(id);
         else
-            searchInBackground(id);
+            searchInBackground(id,
+                               [this, id](const Entries& entries) { openIfFound(entries, id); });
     });
 }
 
 // Looking at all interfaces takes too long for the GUI thread to do it again and again.
-void CameraManager::searchInBackground(const QString& id)
+void CameraManager::searchInBackground(const QString& id,
+                                       std::function<void(const Entries&)> onFound)
 {
-    auto work = [this, id, mailbox = m_mailbox, aravis = std::make_unique<AravisSystem>()] {
-        mailbox->post([this, id, entries = search(id)] { openIfFound(entries, id); });
+    auto work = [id, onFound = std::move(onFound), mailbox = m_mailbox,
+                 aravis = std::make_unique<AravisSystem>()] {
+        mailbox->post([onFound, entries = search(id)] { onFound(entries); });
     };
     std::thread(std::move(work)).detach();
 }

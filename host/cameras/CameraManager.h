@@ -25,6 +25,7 @@ namespace vistrel {
 
 class AravisSystem;
 class Camera;
+class CameraFeatures;
 class LongWork;
 class Mailbox;
 struct DeviceEntry;
@@ -66,6 +67,11 @@ public:
     /// Opens a camera by its Aravis id, or the simulated one. Returns its handle, or null with the
     /// reason in `error`. With `simulatedId` no other interface is searched.
     void* open(const QString& id, QString& error);
+    /// What discover() and open() do, while the event loop goes on; it calls back when there is
+    /// a result, unless the manager goes before.
+    void discoverInBackground(std::function<void(std::vector<CameraListing>)> onFound);
+    void openInBackground(const QString& id,
+                          std::function<void(void* cameraHandle, const QString& error)> onOpened);
     /// Stops and closes a camera; its handle is dead afterwards. It can be opened again at once,
     /// unless it did not answer: it is waited for 3 seconds at most. Unknown handles are ignored.
     void close(void* cameraHandle);
@@ -86,6 +92,10 @@ public:
     QList<void*> openedCameras() override;
     unsigned openedCameraCount() override;
     CxCameraParameters* cameraParameters(void* cameraHandle) override;
+    /// What an opened camera was opened by; empty for every handle of none.
+    QString idOf(void* cameraHandle) const;
+    /// The same parameters for whoever shows them; null likewise.
+    CameraFeatures* features(void* cameraHandle);
 
 Q_SIGNALS:
     /// The connection to a camera broke; it has been closed and its handle is dead. Emitted on the
@@ -112,7 +122,7 @@ private:
     void* add(std::unique_ptr<Camera> camera);
     Kept& keptOf(Camera& camera);
     void openAgain(const QString& id);
-    void searchInBackground(const QString& id);
+    void searchInBackground(const QString& id, std::function<void(const Entries&)> onFound);
     void openIfFound(const Entries& entries, const QString& id);
     Camera* find(const void* cameraHandle) const;
     std::unique_ptr<Camera> take(const Camera* camera);

@@ -150,18 +150,20 @@ public:
             return;
         m_seen.append(name);
         if (ARV_IS_GC_CATEGORY(node))
-            visitAll(m_nodes.entries(node));
+            visitAll(name, m_nodes.entries(node));
         else if (isShown(ARV_GC_FEATURE_NODE(node)))
-            features.push_back(ARV_GC_FEATURE_NODE(node));
+            features.push_back({ARV_GC_FEATURE_NODE(node), m_category});
     }
 
-    std::vector<ArvGcFeatureNode*> features;
+    std::vector<CategorisedNode> features;
 
 private:
-    void visitAll(const QStringList& names)
+    void visitAll(const QString& category, const QStringList& names)
     {
-        for (const QString& name : names)
+        for (const QString& name : names) {
+            m_category = category;
             visit(name);
+        }
     }
     bool isShown(ArvGcFeatureNode* node) const
     {
@@ -170,6 +172,7 @@ private:
 
     const CameraNodes& m_nodes;
     const ArvGcVisibility m_visibility;
+    QString m_category;
     QStringList m_seen;
 };
 
@@ -308,7 +311,20 @@ QString CameraNodes::unit(ArvGcNode* node)
     return ARV_IS_GC_ENUMERATION(node) ? QString() : QString::fromUtf8(unitOf(node));
 }
 
-std::vector<ArvGcFeatureNode*> CameraNodes::features(ArvGcVisibility visibility) const
+ArvGcVisibility CameraNodes::cameraVisibility(CxCameraParam::ExVisibility visibility)
+{
+    switch (visibility) {
+    case CxCameraParam::Beginner:
+        return ARV_GC_VISIBILITY_BEGINNER;
+    case CxCameraParam::Expert:
+        return ARV_GC_VISIBILITY_EXPERT;
+    case CxCameraParam::Guru:
+        break;
+    }
+    return ARV_GC_VISIBILITY_GURU;
+}
+
+std::vector<CategorisedNode> CameraNodes::features(ArvGcVisibility visibility) const
 {
     FeatureWalk walk(*this, visibility);
     walk.visit(QStringLiteral("Root"));

@@ -3,7 +3,9 @@
 // The GenICam nodes of one camera: found by name, read, written, and asked for their limits.
 #pragma once
 
-#include "cameras/NodeValue.h"
+#include "cameras/NodeResult.h"
+
+#include <CxCameraParam.h>
 
 #include <QtCore/QStringList>
 
@@ -16,31 +18,10 @@ namespace vistrel {
 class ArvFailure;
 class CameraConnection;
 
-/// What getParamDirect() and setParamDirect() report through their status.
-enum class ParameterStatus : int {
-    Done = 0,
-    Unknown = 1,       ///< the camera has no parameter of that name
-    WrongType = 2,     ///< the parameter does not take, or give, such a value
-    OutOfRange = 3,    ///< below the least, above the greatest, off the steps, or no entry
-    NotAccessible = 4, ///< not readable, or not writable, at all or now
-    Disconnected = 5,  ///< the connection to the camera broke
-    Refused = 6,       ///< anything else that the camera or the way to it reports
-};
-
-/// What became of reading or writing.
-struct NodeResult {
-    ParameterStatus status = ParameterStatus::Done;
-    QString reason; ///< for people; empty when it is done
-
-    bool done() const { return status == ParameterStatus::Done; }
-};
-
-/// Limits of a number; those that a node does not have are no value. All three are whole numbers
-/// for an integer node.
-struct NodeLimits {
-    NodeValue minimum;
-    NodeValue maximum;
-    NodeValue increment;
+/// A feature, and the name of the category in which the camera lists it.
+struct CategorisedNode {
+    ArvGcFeatureNode* node;
+    QString category;
 };
 
 /// Nothing is remembered: values and limits are read from the camera every time, because one may
@@ -80,8 +61,10 @@ public:
     static QString typeName(ArvGcNode* node);
     /// Of a number, as the camera names it; empty when it does not.
     static QString unit(ArvGcNode* node);
+    /// The camera's own word for a level of experience.
+    static ArvGcVisibility cameraVisibility(CxCameraParam::ExVisibility visibility);
     /// The features that the camera shows to users of that experience, in its order.
-    std::vector<ArvGcFeatureNode*> features(ArvGcVisibility visibility) const;
+    std::vector<CategorisedNode> features(ArvGcVisibility visibility) const;
 
     /// The features of which the camera has one for each entry of this one; none when this is no
     /// selector.

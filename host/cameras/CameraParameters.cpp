@@ -140,8 +140,14 @@ bool CameraParameters::getParamDirect(const QString& name, CxValue& value, int* 
 bool CameraParameters::setParamDirect(const QString& name, const CxValue& value, int* status,
                                       ExCommitRefreshGuiMode)
 {
-    const NodeResult result = write(name, value);
+    const NodeResult result = set(name, value);
     report(result, status);
+    return result.done();
+}
+
+NodeResult CameraParameters::set(const QString& name, const CxValue& value)
+{
+    NodeResult result = write(name, value);
     if (result.done())
         m_stream.refreshRecordedSettings();
     else if (value.type() == CxValue::Empty) // what a parameter gives that cannot be read
@@ -149,7 +155,7 @@ bool CameraParameters::setParamDirect(const QString& name, const CxValue& value,
     else
         logLine(QStringLiteral("parameter %1 cannot be set to %2: %3")
                     .arg(name, valueShown(value), result.reason));
-    return result.done();
+    return result;
 }
 
 QRect CameraParameters::currentROIRectParams()
@@ -163,6 +169,11 @@ QRect CameraParameters::currentROIRectParams()
 
 void CameraParameters::setROIRectParams(int x, int y, int width, int height, bool)
 {
+    changeRegion(x, y, width, height);
+}
+
+NodeResult CameraParameters::changeRegion(int x, int y, int width, int height)
+{
     NodeResult result = CameraNodes::disconnected();
     if (m_nodes.connected())
         result = m_region.check(x, y, width, height);
@@ -172,6 +183,7 @@ void CameraParameters::setROIRectParams(int x, int y, int width, int height, boo
         logLine(QStringLiteral("the region cannot be set to (%1, %2, %3, %4): %5")
                     .arg(QString::number(x), QString::number(y), QString::number(width),
                          QString::number(height), result.reason));
+    return result;
 }
 
 bool CameraParameters::keepsDefaults() const
@@ -262,8 +274,8 @@ NodeResult CameraParameters::unknown(const QString& name) const
         if (parameter->node())
             known.append(parameter->name());
     }
-    for (ArvGcFeatureNode* feature : m_nodes.features(ARV_GC_VISIBILITY_GURU))
-        known.append(QString::fromUtf8(arv_gc_feature_node_get_name(feature)));
+    for (const CategorisedNode& feature : m_nodes.features(ARV_GC_VISIBILITY_GURU))
+        known.append(QString::fromUtf8(arv_gc_feature_node_get_name(feature.node)));
     return {ParameterStatus::Unknown,
             QStringLiteral("the camera has no such parameter") + nearNamesAsked(name, known)};
 }

@@ -3,6 +3,7 @@
 // The parameters of one opened camera, by the host's names and by the camera's own.
 #pragma once
 
+#include "cameras/CameraFeatures.h"
 #include "cameras/CameraNodes.h"
 #include "cameras/CameraValues.h"
 #include "cameras/MappedParameter.h"
@@ -20,7 +21,7 @@ namespace vistrel {
 
 class CameraStream;
 
-class CameraParameters final : public CxCameraParameters {
+class CameraParameters final : public CxCameraParameters, public CameraFeatures {
 public:
     /// @param device, connection, stream  outlive this object.
     CameraParameters(ArvDevice* device, CameraConnection& connection, CameraStream& stream,
@@ -66,6 +67,13 @@ public:
 
     void notifyShadingChanged() override;
 
+    std::vector<FeatureDescription>
+    describeFeatures(CxCameraParam::ExVisibility visibility) const override;
+    FeatureState featureState(const QString& name) const override;
+    NodeResult setFeature(const QString& name, const NodeValue& value) override;
+    NodeResult setRegion(const QRect& region) override;
+    NodeResult setWholeSensor() override;
+
 private:
     /// The parameter of that name if the camera has it.
     MappedParameter* supported(const QString& name) const;
@@ -74,7 +82,11 @@ private:
     NodeResult unknown(const QString& name) const;
     NodeResult read(const QString& name, CxValue& value) const;
     NodeResult readProperty(const QString& name, const QString& property, CxValue& value) const;
+    NodeResult set(const QString& name, const CxValue& value);
     NodeResult write(const QString& name, const CxValue& value);
+    void readShown(MappedParameter& parameter, FeatureState& state) const;
+    void readShown(ArvGcNode* node, FeatureState& state) const;
+    NodeResult changeRegion(int x, int y, int width, int height);
     bool mustPauseFor(ArvGcNode* node) const;
     QStringList apply(const CameraValues& values);
     void whileStreamPaused(const std::function<void()>& change);

@@ -41,12 +41,6 @@ NodeResult noSuchValue(const QStringList& entries)
             QStringLiteral("its entries are %1").arg(entries.join(QStringLiteral(", ")))};
 }
 
-/// With the number that scripts may also give.
-QString entryText(const ParameterEnumValue& value)
-{
-    return QStringLiteral("%1 (%2)").arg(value.name).arg(value.value);
-}
-
 } // namespace
 
 bool EntryParameter::hasValues(const QString& name) { return !valuesOf(name).isEmpty(); }
@@ -69,25 +63,25 @@ NodeResult EntryParameter::read(CxValue& value) const
 NodeResult EntryParameter::write(const CxValue& value)
 {
     const ParameterEnumValue* wanted = valueNumbered(name(), value);
-    const QString entry = wanted ? availableEntry(*wanted) : QString();
+    const QString entry = wanted ? entryOf(*wanted, nodes().entries(node())) : QString();
     return entry.isEmpty() ? noSuchValue(entries()) : nodes().write(node(), entry);
 }
 
-QStringList EntryParameter::entries() const
+QList<ParameterEnumValue> EntryParameter::values() const
 {
-    QStringList names;
+    const QStringList available = nodes().entries(node());
+    QList<ParameterEnumValue> values;
     for (const ParameterEnumValue& value : valuesOf(name())) {
-        if (!availableEntry(value).isEmpty())
-            names.append(entryText(value));
+        if (!entryOf(value, available).isEmpty())
+            values.append(value);
     }
-    return names;
+    return values;
 }
 
-QString EntryParameter::availableEntry(const ParameterEnumValue& value) const
+QString EntryParameter::entryOf(const ParameterEnumValue& value, const QStringList& available) const
 {
     if (!ARV_IS_GC_ENUMERATION(node()))
         return value.entries.value(0);
-    const QStringList available = nodes().entries(node());
     for (const QString& entry : value.entries) {
         if (available.contains(entry))
             return entry;
@@ -106,13 +100,16 @@ bool TriggerParameter::isNamed(const QString& name) { return name == triggerMode
 
 NodeResult TriggerParameter::read(CxValue& value) const
 {
-    NodeResult result = selectFrameStart();
+    NodeValue before;
+    NodeResult result = selectFrameStart(&before);
     NodeValue mode;
     if (result.done())
         result = nodes().read(node(), mode);
     NodeValue source = software;
     if (result.done() && m_source && valueText(mode) == on)
         result = nodes().read(m_source, source);
+    if (!std::holds_alternative<std::monostate>(before))
+        nodes().write(m_selector, before);
     if (!result.done())
         return result;
     const int triggered = valueText(source) == software ? TriggerSoftware : TriggerHardware;
@@ -132,16 +129,10 @@ NodeResult TriggerParameter::write(const CxValue& value)
     return result.done() ? nodes().write(node(), wanted->value == TriggerOff ? off : on) : result;
 }
 
-QStringList TriggerParameter::entries() const
-{
-    QStringList names;
-    for (const ParameterEnumValue& value : valuesOf(name()))
-        names.append(entryText(value));
-    return names;
-}
+QList<ParameterEnumValue> TriggerParameter::values() const { return valuesOf(name()); }
 
-/// Cameras with several triggers show one of them at a time.
-NodeResult TriggerParameter::selectFrameStart() const
+// Cameras with several triggers show one of them at a time.
+NodeResult TriggerParameter::selectFrameStart(NodeValue* before) const
 {
     NodeValue selected;
     if (!m_selector)
@@ -149,8 +140,11 @@ NodeResult TriggerParameter::selectFrameStart() const
     NodeResult result = nodes().read(m_selector, selected);
     if (!result.done() || valueText(selected) == frameStart)
         return result;
-    const bool canBe = nodes().entries(m_selector).contains(frameStart);
-    return canBe ? nodes().write(m_selector, frameStart) : NodeResult();
+    if (!nodes().entries(m_selector).contains(frameStart))
+        return {};
+    if (before)
+        *before = selected;
+    return nodes().write(m_selector, frameStart);
 }
 
 /// A hardware source that the camera has already is kept: a user has chosen it.

@@ -19,14 +19,15 @@ public:
 
     NodeResult read(CxValue& value) const override;
     NodeResult write(const CxValue& value) override;
-    QStringList entries() const override;
+    QList<ParameterEnumValue> values() const override;
+    bool hasNamedValues() const override { return true; }
 
 protected:
     NodeLimits limits() const override { return {}; }
 
 private:
-    /// What of a value's entries the camera takes now; empty when it takes none.
-    QString availableEntry(const ParameterEnumValue& value) const;
+    /// What stands for a value among those that the camera takes now; empty when none does.
+    QString entryOf(const ParameterEnumValue& value, const QStringList& available) const;
 };
 
 /// When frames are taken: all the time, on command, or by a signal. The camera keeps this in a
@@ -38,13 +39,15 @@ public:
 
     NodeResult read(CxValue& value) const override;
     NodeResult write(const CxValue& value) override;
-    QStringList entries() const override;
+    QList<ParameterEnumValue> values() const override;
+    bool hasNamedValues() const override { return true; }
 
 protected:
     NodeLimits limits() const override { return {}; }
 
 private:
-    NodeResult selectFrameStart() const;
+    /// @param before  receives what was selected if it was another trigger; may be null.
+    NodeResult selectFrameStart(NodeValue* before = nullptr) const;
     NodeResult selectSource(int mode) const;
     QString hardwareSource() const;
 

@@ -137,6 +137,14 @@ NodeResult MappedParameter::write(const CxValue& value)
     return m_nodes.write(m_node, *on ? automaticOn : automaticOff);
 }
 
+QStringList MappedParameter::entries() const
+{
+    QStringList texts;
+    for (const ParameterEnumValue& value : values())
+        texts.append(QStringLiteral("%1 (%2)").arg(value.name).arg(value.value));
+    return texts;
+}
+
 NodeLimits MappedParameter::limits() const
 {
     return m_node && m_name.type != CxValue::Bool ? m_nodes.limits(m_node) : NodeLimits();

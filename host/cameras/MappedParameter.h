@@ -37,8 +37,14 @@ public:
     virtual NodeResult read(CxValue& value) const;
     /// The parameter is supported.
     virtual NodeResult write(const CxValue& value);
-    /// What an enumeration takes now: names of constants; empty for others.
-    virtual QStringList entries() const { return {}; }
+    /// Whether its values are the host's constants.
+    virtual bool hasNamedValues() const { return false; }
+    /// What such a parameter takes now; empty for others.
+    virtual QList<ParameterEnumValue> values() const { return {}; }
+    /// The same as texts: names of constants with their numbers.
+    QStringList entries() const;
+    /// Of the host's values, which are other ones than the node's where that is an enumeration.
+    CxValue::Type type() const { return m_name.type; }
 
 protected:
     /// Limits in the node's own numbers; none for switches and enumerations.

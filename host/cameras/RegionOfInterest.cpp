@@ -77,6 +77,13 @@ NodeResult RegionOfInterest::write(int left, int top, int width, int height) con
     return result;
 }
 
+// Some cameras do not tell the sensor's size, but all of them bound what they are given.
+NodeResult RegionOfInterest::writeWhole() const
+{
+    constexpr int moreThanAnySensor = 1 << 24;
+    return write(0, 0, moreThanAnySensor, moreThanAnySensor);
+}
+
 RegionOfInterest::Axis RegionOfInterest::axis(const char* offset, const char* size,
                                               const char* sensor, const char* greatest,
                                               std::initializer_list<const char*> joined) const

@@ -25,6 +25,8 @@ public:
     /// far edges, where that may not fit, the greatest that does. The region has passed
     /// check(); one that the camera refuses leaves the one it has.
     NodeResult write(int left, int top, int width, int height) const;
+    /// Sets the largest region that there is.
+    NodeResult writeWhole() const;
 
 private:
     /// One direction.

@@ -23,7 +23,7 @@ NodeResult noSelector(const QString& name)
 
 Selectors::Selectors(const CameraNodes& nodes)
 {
-    for (ArvGcFeatureNode* selector : nodes.features(ARV_GC_VISIBILITY_INVISIBLE)) {
+    for (const auto& [selector, category] : nodes.features(ARV_GC_VISIBILITY_INVISIBLE)) {
         const auto selected = CameraNodes::selectedBy(ARV_GC_NODE(selector));
         if (!selected.empty())
             m_selectors.append(nameOf(selector));

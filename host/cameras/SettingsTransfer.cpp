@@ -21,19 +21,6 @@ constexpr int mostPasses = 8;
 /// on its own.
 constexpr std::size_t mostPositions = 64;
 
-ArvGcVisibility cameraVisibility(CxCameraParam::ExVisibility visibility)
-{
-    switch (visibility) {
-    case CxCameraParam::Beginner:
-        return ARV_GC_VISIBILITY_BEGINNER;
-    case CxCameraParam::Expert:
-        return ARV_GC_VISIBILITY_EXPERT;
-    case CxCameraParam::Guru:
-        break;
-    }
-    return ARV_GC_VISIBILITY_GURU;
-}
-
 /// What reaches a camera, and which camera it is, stays when settings move to another one.
 bool belongsToConnection(const QString& name)
 {
@@ -73,7 +60,9 @@ bool isSame(const NodeValue& one, const NodeValue& other)
 /// Not all cameras list in their categories what the host has names for.
 std::vector<ArvGcFeatureNode*> settingsOf(const CameraNodes& nodes, ArvGcVisibility visibility)
 {
-    std::vector<ArvGcFeatureNode*> features = nodes.features(visibility);
+    std::vector<ArvGcFeatureNode*> features;
+    for (const CategorisedNode& feature : nodes.features(visibility))
+        features.push_back(feature.node);
     for (const ParameterName& parameter : knownParameters()) {
         for (const QString& name : parameter.nodes) {
             if (ArvGcNode* node = nodes.find(name))
@@ -86,7 +75,7 @@ std::vector<ArvGcFeatureNode*> settingsOf(const CameraNodes& nodes, ArvGcVisibil
 QStringList settingNames(const CameraNodes& nodes, CxCameraParam::ExVisibility visibility)
 {
     QStringList names;
-    for (ArvGcFeatureNode* feature : settingsOf(nodes, cameraVisibility(visibility))) {
+    for (ArvGcFeatureNode* feature : settingsOf(nodes, CameraNodes::cameraVisibility(visibility))) {
         if (isSetting(ARV_GC_NODE(feature)))
             names.append(nameOf(feature));
     }

@@ -5,6 +5,8 @@
 
 #include "app/ImageView.h"
 #include "app/MainWindow.h"
+#include "viewer/cameras/CameraPanel.h"
+#include "viewer/cameras/FilmCommands.h"
 #include "viewer/pictures/BrightnessPanel.h"
 #include "viewer/pictures/FullScreen.h"
 #include "viewer/pictures/SavePicture.h"
@@ -31,6 +33,7 @@ Commands::Commands(Viewer& viewer)
 {
     addFileMenu();
     addViewMenu();
+    addCameraMenu();
     addScriptCommands();
     addHelpMenu();
     followRuns();
@@ -60,6 +63,13 @@ void Commands::addForView(QMenu& menu, const QString& text, const QKeySequence& 
         if (ImageView* view = delegate.imageView(delegate.activeViewId()))
             work(*view);
     });
+}
+
+void Commands::take(QMenu& menu, QAction* action, const QKeySequence& keys)
+{
+    action->setShortcut(keys);
+    menu.addAction(action);
+    m_viewer.window().addAction(action);
 }
 
 void Commands::addFileMenu()
@@ -170,6 +180,28 @@ void Commands::addPanelSwitches(QMenu& menu)
                 dock->widget()->setFocus();
         });
     }
+}
+
+void Commands::addCameraMenu()
+{
+    QMenu& menu = addMenu(tr("&Cameras"));
+    const CameraPanel& panel = m_viewer.cameras();
+    take(menu, panel.command(CameraPanel::Find), QKeySequence(Qt::CTRL | Qt::Key_F6));
+    take(menu, panel.command(CameraPanel::Open), QKeySequence(Qt::ALT | Qt::Key_F6));
+    take(menu, panel.command(CameraPanel::Start), QKeySequence(Qt::Key_F6));
+    take(menu, panel.command(CameraPanel::Stop), QKeySequence(Qt::SHIFT | Qt::Key_F6));
+    take(menu, panel.command(CameraPanel::Close), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_F6));
+    menu.addSeparator();
+    take(menu, panel.command(CameraPanel::FilterParameters), QKeySequence(Qt::Key_F7));
+    take(menu, panel.command(CameraPanel::DrawRegion), QKeySequence(Qt::Key_F8));
+    take(menu, panel.command(CameraPanel::WholeSensor), QKeySequence(Qt::SHIFT | Qt::Key_F8));
+    take(menu, panel.command(CameraPanel::SaveSettings),
+         QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_F7));
+    take(menu, panel.command(CameraPanel::LoadSettings), QKeySequence(Qt::CTRL | Qt::Key_F7));
+    menu.addSeparator();
+    const FilmCommands& films = m_viewer.films();
+    take(menu, films.recordAction(), QKeySequence(Qt::Key_F12));
+    take(menu, films.endAction(), QKeySequence(Qt::SHIFT | Qt::Key_F12));
 }
 
 void Commands::addScriptCommands()

@@ -30,6 +30,8 @@ private:
 
     QMenu& addMenu(const QString& title);
     QAction* add(QMenu& menu, const QString& text, const QKeySequence& keys, Work work);
+    /// An action that somebody else has made.
+    void take(QMenu& menu, QAction* action, const QKeySequence& keys);
     /// The work is done on the active view; without one the command does nothing.
     void addForView(QMenu& menu, const QString& text, const QKeySequence& keys, ViewWork work);
     void addFileMenu();
@@ -38,6 +40,7 @@ private:
     void addBrightnessCommands(QMenu& menu);
     void addArrangingCommands(QMenu& menu);
     void addFullScreen(QMenu& menu);
+    void addCameraMenu();
     void addScriptCommands();
     void addExamples(QMenu& menu);
     void addHelpMenu();

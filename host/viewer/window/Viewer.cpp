@@ -6,6 +6,9 @@
 #include "app/ImageView.h"
 #include "app/MainWindow.h"
 #include "core/Log.h"
+#include "viewer/cameras/CameraPanel.h"
+#include "viewer/cameras/FilmCommands.h"
+#include "viewer/cameras/LiveStatus.h"
 #include "viewer/chains/ChainPanel.h"
 #include "viewer/pictures/BrightnessPanel.h"
 #include "viewer/pictures/FullScreen.h"
@@ -35,7 +38,7 @@ namespace vistrel {
 namespace {
 
 // Until the user has chosen others.
-constexpr int panelWidth = 240;
+constexpr int panelWidth = 340;
 constexpr int scriptPanelWidth = 460;
 constexpr int errorLogHeight = 110;
 
@@ -55,12 +58,15 @@ Viewer::Viewer()
     : m_window(windowOf(m_host))
     , m_runs(m_engine, m_host.environment())
     , m_scripts(*new ScriptPanel(m_runs, m_host.environment()))
+    , m_cameras(new CameraPanel(m_host))
     , m_errorLog(new ErrorLogPanel(m_host.errorLog()))
     , m_brightness(new BrightnessPanel(m_host.delegate()))
     , m_scriptDock(addDock(tr("Scripts"), &m_scripts, Qt::RightDockWidgetArea))
+    , m_cameraDock(addDock(tr("Cameras"), m_cameras, Qt::LeftDockWidgetArea))
     , m_errorLogDock(addDock(tr("Error log"), m_errorLog, Qt::BottomDockWidgetArea))
     , m_chainDock(addDock(tr("Chain"), new ChainPanel(m_host.delegate()), Qt::LeftDockWidgetArea))
     , m_brightnessDock(addDock(tr("Brightness"), m_brightness, Qt::LeftDockWidgetArea))
+    , m_films(std::make_unique<FilmCommands>(m_host))
     , m_runStatus(new QLabel)
     , m_fullScreen(std::make_unique<FullScreen>(m_window, m_host.delegate()))
 {
@@ -69,6 +75,10 @@ Viewer::Viewer()
     setUpStatusBar();
     setUpDropping();
     m_commands = std::make_unique<Commands>(*this);
+    connect(m_cameras, &CameraPanel::wanted, m_cameraDock, [this] {
+        m_cameraDock->show();
+        m_cameraDock->raise(); // another panel may lie on it
+    });
     connect(&m_recentFiles, &RecentFiles::chosen, this, &Viewer::openFile);
     connect(&m_scripts.tabs(), &EditorTabs::fileUsed, &m_recentFiles, &RecentFiles::add);
     m_window.setWindowTitle(tr("Vistrel"));
@@ -80,6 +90,7 @@ Viewer::~Viewer()
     m_window.removeEventFilter(this);
     // The panel holds on to the runs, which go before the window does.
     delete m_scriptDock;
+    delete m_cameraDock;
     delete m_errorLogDock;
     delete m_brightnessDock;
 }
@@ -95,6 +106,7 @@ QDockWidget* Viewer::addDock(const QString& title, QWidget* content, Qt::DockWid
 
 void Viewer::shareOutRoom()
 {
+    m_window.tabifyDockWidget(m_cameraDock, m_chainDock); // room for many parameters
     m_window.resizeDocks({m_chainDock, m_scriptDock}, {panelWidth, scriptPanelWidth},
                          Qt::Horizontal);
     m_window.resizeDocks({m_errorLogDock}, {errorLogHeight}, Qt::Vertical);
@@ -103,6 +115,7 @@ void Viewer::shareOutRoom()
 void Viewer::setUpStatusBar()
 {
     m_window.statusBar()->addWidget(m_runStatus, 1);
+    m_window.statusBar()->addPermanentWidget(new LiveStatus(m_host));
     const RunWatch& watch = m_scripts.watch();
     connect(&watch, &RunWatch::changed, m_runStatus,
             [this, &watch] { m_runStatus->setText(watch.statusText()); });
@@ -118,6 +131,8 @@ void Viewer::show()
     shareOutRoom();
     restoreSettings();
     m_window.show();
+    if (m_host.cameras().openedCameraCount() > 0)
+        m_cameraDock->raise();
 }
 
 bool Viewer::openFile(const QString& path)

@@ -20,8 +20,10 @@ class QMimeData;
 namespace vistrel {
 
 class BrightnessPanel;
+class CameraPanel;
 class Commands;
 class ErrorLogPanel;
+class FilmCommands;
 class FullScreen;
 class MainWindow;
 class PictureStatus;
@@ -49,6 +51,8 @@ public:
     MainWindow& window() { return m_window; }
     HostApplication& host() { return m_host; }
     ScriptPanel& scripts() { return m_scripts; }
+    CameraPanel& cameras() { return *m_cameras; }
+    FilmCommands& films() { return *m_films; }
     ErrorLogPanel& errorLog() { return *m_errorLog; }
     BrightnessPanel& brightness() { return *m_brightness; }
     FullScreen& fullScreen() { return *m_fullScreen; }
@@ -74,13 +78,16 @@ private:
     ScriptEngine m_engine;
     ScriptRuns m_runs;
     ScriptPanel& m_scripts; // belongs to its dock
+    CameraPanel* m_cameras;
     ErrorLogPanel* m_errorLog;
     BrightnessPanel* m_brightness;
     RecentFiles m_recentFiles;
     QDockWidget* m_scriptDock;
+    QDockWidget* m_cameraDock;
     QDockWidget* m_errorLogDock;
     QDockWidget* m_chainDock;
     QDockWidget* m_brightnessDock;
+    std::unique_ptr<FilmCommands> m_films;
     QLabel* m_runStatus;
     std::unique_ptr<PictureStatus> m_pictureStatus;
     std::unique_ptr<FullScreen> m_fullScreen;

@@ -3,10 +3,10 @@
 // A camera over the network: a simulated one in a process of its own, reached over loopback.
 #include "AravisHooks.h"
 #include "CameraFixtures.h"
+#include "CameraProcess.h"
 
 #include "cameras/CameraNodes.h"
 
-#include <QtCore/QDir>
 #include <QtCore/QFile>
 #include <QtCore/QLockFile>
 #include <QtCore/QProcess>
@@ -20,38 +20,6 @@ namespace vistrel::test {
 namespace {
 
 constexpr char serialNumber[] = "VISTREL01";
-
-/// A simulated camera in a process of its own.
-class CameraProcess {
-public:
-    CameraProcess(const char* address, const char* serial, int lostPerThousand = 0)
-        : serialNumber(QString::fromLatin1(serial))
-    {
-        m_process.setProcessChannelMode(QProcess::ForwardedChannels);
-        m_process.start(QStringLiteral("arv-fake-gv-camera-0.8"),
-                        {QStringLiteral("-i"), QString::fromLatin1(address), QStringLiteral("-s"),
-                         serialNumber, QStringLiteral("-r"), QString::number(lostPerThousand)});
-        EXPECT_TRUE(m_process.waitForStarted())
-            << "arv-fake-gv-camera-0.8 (package aravis-tools) cannot be started: "
-            << m_process.errorString().toStdString();
-    }
-    ~CameraProcess() { kill(); }
-    CameraProcess(const CameraProcess&) = delete;
-    CameraProcess& operator=(const CameraProcess&) = delete;
-
-    bool runs() const { return m_process.state() == QProcess::Running; }
-    /// Without a goodbye.
-    void kill()
-    {
-        m_process.kill();
-        m_process.waitForFinished();
-    }
-
-    const QString serialNumber;
-
-private:
-    QProcess m_process;
-};
 
 struct NetworkCameras : CameraTest {
     void SetUp() override
@@ -90,8 +58,7 @@ struct NetworkCameras : CameraTest {
         return waitUntil([&] { return manager.statistics(camera).framesTaken >= before + more; });
     }
 
-    // The port of such a camera is fixed: tests that run side by side take turns.
-    QLockFile onlyOne{QDir::temp().filePath(QStringLiteral("vistrel-network-camera.lock"))};
+    QLockFile onlyOne{networkCameraLock()};
 };
 
 /// One camera on the address that every machine has.
