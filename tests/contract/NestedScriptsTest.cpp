@@ -230,8 +230,15 @@ TEST_F(NestedScripts, AScriptThatDropsTheMainNamespaceDoesNoHarm)
 {
     write("inner.py", "import sys\nsys.modules.pop('__main__')\nglobals().clear()\n");
     write("next.py", "y = 2\n");
-    run("import vistrel as v\nf = v.run_script\nf('inner.py')\n");
-    run("import vistrel\nvistrel.run_script('next.py')\n");
+    EXPECT_EQ(run("import vistrel as v\n"
+                  "def f(call=v.run_script, show=print):\n"
+                  "    call('inner.py')\n"
+                  "    show('went on', end='')\n"
+                  "f()\n"),
+              QString());
+    EXPECT_EQ(output, QStringLiteral("went on"));
+    EXPECT_EQ(run("import vistrel\nvistrel.run_script('next.py')\nprint(y, end='')\n"), QString());
+    EXPECT_EQ(output, QStringLiteral("2"));
 }
 
 } // namespace

@@ -7,6 +7,7 @@
 #include <QtCore/QDir>
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
+#include <QtCore/QPointer>
 #include <QtCore/QTemporaryDir>
 
 #include <dlfcn.h>
@@ -486,13 +487,11 @@ TEST_F(Run, ImageVariablesBoundBeforeARunStayAndThoseOfTheHookGo)
         CxScriptLangInterface* plugin;
         CxImageData* image;
     } context{plugin, image.get()};
-    runWith(
-        "late.width",
-        [](void*, void* data) {
-            auto* c = static_cast<Context*>(data);
-            c->plugin->addImageVariable(QStringLiteral("late"), c->image);
-        },
-        &context, nullptr);
+    const auto bindLate = [](void*, void* data) {
+        auto* c = static_cast<Context*>(data);
+        c->plugin->addImageVariable(QStringLiteral("late"), c->image);
+    };
+    EXPECT_EQ(runWith("assert late.width == 5", bindLate, &context, nullptr), QString());
     EXPECT_EQ(value("'late' in globals()"), QStringLiteral("False"));
 }
 
@@ -504,6 +503,7 @@ TEST_F(Run, AnImageVariableBeforeTheFirstRunOrWithoutAnImageBindsNothing)
     plugin->addImageVariable(QStringLiteral("nothing"), nullptr);
     EXPECT_EQ(value("('early' in globals(), 'nothing' in globals())"),
               QStringLiteral("(False, False)"));
+    EXPECT_TRUE(log.isEmpty()) << qPrintable(log.join(QLatin1Char('|')));
 }
 
 TEST_F(Run, RebindingAnImageVariableDoesNotFreeTheHostsImage)
@@ -511,9 +511,11 @@ TEST_F(Run, RebindingAnImageVariableDoesNotFreeTheHostsImage)
     run("pass");
     auto first = makeImage(5, 4, 1, ExImageDataType::UInt8, 8);
     auto second = makeImage(6, 4, 1, ExImageDataType::UInt8, 8);
+    const QPointer<CxImageData> guard = first.get();
     plugin->addImageVariable(QStringLiteral("picture"), first.get());
     plugin->addImageVariable(QStringLiteral("picture"), second.get());
     EXPECT_EQ(value("picture.width"), QStringLiteral("6"));
+    ASSERT_FALSE(guard.isNull());
     EXPECT_EQ(first->picBuf()->width, 5U);
 }
 

@@ -176,9 +176,22 @@ TEST_F(Variables, StoringTheStoredImageUnderAnotherNameCopiesIt)
 
 TEST_F(Variables, AnotherImageDeletesTheStoredOneAndKeepsACopy)
 {
-    store("x", 4);
-    store("x", 5);
-    EXPECT_EQ(widthOf("x"), QStringLiteral("5"));
+    run("pass");
+    CopyingImage first;
+    CopyingImage second;
+    const QPointer<QObject> old = first.made =
+        makeImage(4, 2, 1, ExImageDataType::UInt8, 8).release();
+    second.made = makeImage(5, 2, 1, ExImageDataType::UInt8, 8).release();
+    plugin->addImageVariable(QStringLiteral("first"), &first);
+    plugin->addImageVariable(QStringLiteral("second"), &second);
+    run("vistrel.set_global_variable_img('x', first)");
+    ASSERT_FALSE(old.isNull());
+    EXPECT_EQ(value("[a := vistrel.get_global_variable_img('x'), "
+                    "vistrel.set_global_variable_img('x', second), str(a), "
+                    "vistrel.get_global_variable_img('x').width][2:]"),
+              QStringLiteral("['Vistrel image object is empty', 5]"));
+    EXPECT_TRUE(old.isNull()) << "deleted";
+    EXPECT_EQ(second.copies, 1) << "the copy is kept, not the image";
 }
 
 TEST_F(Variables, AnEmptyImageDeletesTheStoredOne)
