@@ -8,9 +8,9 @@
 
 namespace vistrel {
 
-/// Writes a file beside the target and renames it over that, so that a full disk leaves the old file
-/// whole. False with the reason in `error` when it cannot; devices, pipes and folders stay what they
-/// are. Any thread.
+/// Writes a file beside the target and renames it over that, so that a full disk leaves the old
+/// file whole. False with the reason in `error` when it cannot; devices, pipes and folders stay
+/// what they are. Any thread.
 bool replaceFile(const QString& path, const QByteArray& bytes, QString& error);
 
 } // namespace vistrel
