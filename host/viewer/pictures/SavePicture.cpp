@@ -35,7 +35,7 @@ QString askForPath(QWidget& window, const QString& title)
     dialog.selectFile(QFileInfo(title).completeBaseName());
     if (dialog.exec() != QDialog::Accepted)
         return {};
-    const QString path = dialog.selectedFiles().constFirst();
+    QString path = dialog.selectedFiles().constFirst();
     QSettings().setValue(folderKey(), QFileInfo(path).absolutePath());
     return path;
 }
