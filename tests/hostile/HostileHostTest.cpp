@@ -107,33 +107,31 @@ TEST_F(HostileHost, WhoseLoadersLoadNothingLeavesImagesEmpty)
               QStringLiteral("Vistrel image object is empty"));
 }
 
+/// What a script sees of a camera that it cannot reach, whichever way it looked for it.
+const QStringList withoutCamera{
+    QStringLiteral("open_device_by_user_id: Exception: Camera not found"),
+    QStringLiteral("open_device_by_SN: Exception: Camera not found"),
+    QStringLiteral("get_device_info_string: SystemError"),
+    QStringLiteral("set_param: SystemError"),
+    QStringLiteral("get_param: SystemError"),
+    QStringLiteral("get_gain_db: None"),
+    QStringLiteral("set_gain_db: None"),
+    QStringLiteral("set_roi: SystemError"),
+    QStringLiteral("get_roi: SystemError"),
+    QStringLiteral("save_settings_to_file: SystemError"),
+    QStringLiteral("load_settings_from_file: SystemError")};
+
 TEST_F(HostileHost, WithoutOpenedCamerasIsSaid)
 {
     ON_CALL(cameraManager, openedCameras()).WillByDefault(Return(QList<void*>()));
-    expectChanges({QStringLiteral("open_device: Exception: Camera not available"),
-                   QStringLiteral("open_device_by_user_id: Exception: Camera not found"),
-                   QStringLiteral("open_device_by_SN: Exception: Camera not found"),
-                   QStringLiteral("get_device_info_string: SystemError"),
-                   QStringLiteral("set_param: SystemError"),
-                   QStringLiteral("get_param: SystemError"), QStringLiteral("get_gain_db: None"),
-                   QStringLiteral("set_gain_db: None"), QStringLiteral("set_roi: SystemError"),
-                   QStringLiteral("get_roi: SystemError"),
-                   QStringLiteral("save_settings_to_file: SystemError"),
-                   QStringLiteral("load_settings_from_file: SystemError")});
+    expectChanges(QStringList{QStringLiteral("open_device: Exception: Camera not available")}
+                  + withoutCamera);
 }
 
 TEST_F(HostileHost, WhoseCamerasAreDeadHandlesIsSaid)
 {
     ON_CALL(cameraManager, cameraParameters).WillByDefault(Return(nullptr));
-    expectChanges({QStringLiteral("open_device_by_user_id: Exception: Camera not found"),
-                   QStringLiteral("open_device_by_SN: Exception: Camera not found"),
-                   QStringLiteral("get_device_info_string: SystemError"),
-                   QStringLiteral("set_param: SystemError"),
-                   QStringLiteral("get_param: SystemError"), QStringLiteral("get_gain_db: None"),
-                   QStringLiteral("set_gain_db: None"), QStringLiteral("set_roi: SystemError"),
-                   QStringLiteral("get_roi: SystemError"),
-                   QStringLiteral("save_settings_to_file: SystemError"),
-                   QStringLiteral("load_settings_from_file: SystemError")});
+    expectChanges(withoutCamera);
 }
 
 TEST_F(HostileHost, WhoseCamerasHaveNoParametersIsSaid)

@@ -8,9 +8,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cstring>
-#include <vector>
-
 namespace vistrel {
 
 namespace {
@@ -102,16 +99,23 @@ TEST(ZoomPan, OfNothingIsHarmless)
     EXPECT_TRUE(zoomPan.pixelsIn(QRectF(0, 0, 10, 10)).isEmpty());
 }
 
+/// A square picture whose pixels the caller keeps.
+template<typename Element>
+SxPicBuf squareOver(Element* values, quint32 side, quint32 channels, ExImageDataType type)
+{
+    SxPicBuf buffer;
+    buffer.width = buffer.height = side;
+    buffer.stride = side * channels * static_cast<quint32>(sizeof(Element));
+    buffer.channels = channels;
+    buffer.dataType = type;
+    buffer.data = reinterpret_cast<quint8*>(values);
+    return buffer;
+}
+
 TEST(PixelText, GivesValuesInTheirOwnDepth)
 {
-    std::vector<quint16> values{1, 2, 3, 4095};
-    SxPicBuf buffer;
-    buffer.width = 2;
-    buffer.height = 2;
-    buffer.stride = 4;
-    buffer.channels = 1;
-    buffer.dataType = ExImageDataType::UInt16;
-    buffer.data = reinterpret_cast<quint8*>(values.data());
+    quint16 values[]{1, 2, 3, 4095};
+    const SxPicBuf buffer = squareOver(values, 2, 1, ExImageDataType::UInt16);
     EXPECT_EQ(pixelText(buffer, QPoint(1, 1)), QStringLiteral("x 1, y 1: 4095"));
     EXPECT_EQ(pixelText(buffer, QPoint(2, 1)), QString());
     EXPECT_EQ(pixelText(buffer, QPoint(-1, 0)), QString());
@@ -119,14 +123,8 @@ TEST(PixelText, GivesValuesInTheirOwnDepth)
 
 TEST(PixelText, NamesColoursInTheOrderOfTheChannels)
 {
-    std::vector<quint8> values{1, 2, 3, 4};
-    SxPicBuf buffer;
-    buffer.width = 1;
-    buffer.height = 1;
-    buffer.stride = 4;
-    buffer.channels = 4;
-    buffer.dataType = ExImageDataType::UInt8;
-    buffer.data = values.data();
+    quint8 values[]{1, 2, 3, 4};
+    SxPicBuf buffer = squareOver(values, 1, 4, ExImageDataType::UInt8);
     EXPECT_EQ(pixelText(buffer, QPoint()), QStringLiteral("x 0, y 0: B 1, G 2, R 3, A 4"));
     buffer.isRgb = true;
     EXPECT_EQ(pixelText(buffer, QPoint()), QStringLiteral("x 0, y 0: R 1, G 2, B 3, A 4"));
@@ -134,22 +132,15 @@ TEST(PixelText, NamesColoursInTheOrderOfTheChannels)
 
 TEST(PixelText, ReadsSignedFloatingAndPackedValues)
 {
-    SxPicBuf buffer;
-    buffer.width = 1;
-    buffer.height = 1;
-    buffer.channels = 1;
     float real = -1.5F;
-    buffer.dataType = ExImageDataType::Float;
-    buffer.data = reinterpret_cast<quint8*>(&real);
-    EXPECT_EQ(pixelText(buffer, QPoint()), QStringLiteral("x 0, y 0: -1.5"));
+    EXPECT_EQ(pixelText(squareOver(&real, 1, 1, ExImageDataType::Float), QPoint()),
+              QStringLiteral("x 0, y 0: -1.5"));
     qint8 small = -7;
-    buffer.dataType = ExImageDataType::Int8;
-    buffer.data = reinterpret_cast<quint8*>(&small);
-    EXPECT_EQ(pixelText(buffer, QPoint()), QStringLiteral("x 0, y 0: -7"));
+    EXPECT_EQ(pixelText(squareOver(&small, 1, 1, ExImageDataType::Int8), QPoint()),
+              QStringLiteral("x 0, y 0: -7"));
     quint16 packed = 0x1F << 11 | 5;
-    buffer.dataType = ExImageDataType::Packed565;
-    buffer.data = reinterpret_cast<quint8*>(&packed);
-    EXPECT_EQ(pixelText(buffer, QPoint()), QStringLiteral("x 0, y 0: R 31, G 0, B 5"));
+    EXPECT_EQ(pixelText(squareOver(&packed, 1, 1, ExImageDataType::Packed565), QPoint()),
+              QStringLiteral("x 0, y 0: R 31, G 0, B 5"));
 }
 
 TEST(PixelText, OfNothingIsEmpty) { EXPECT_EQ(pixelText(SxPicBuf(), QPoint()), QString()); }

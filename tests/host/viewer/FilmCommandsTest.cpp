@@ -48,9 +48,11 @@ protected:
     {
         return *view.findChild<RecordingMark*>();
     }
+    /// Waits for frames that begin from now on: the one that is on its way to the view already may
+    /// have passed the recorder by.
     static bool takeFrames(const ImageView& view, quint64 more)
     {
-        const quint64 before = view.frameCount();
+        const quint64 before = view.frameCount() + 1;
         return handleEventsUntil([&] { return view.frameCount() >= before + more; });
     }
     QString file(const char* name) const { return m_folder.filePath(QString::fromLatin1(name)); }
