@@ -35,7 +35,7 @@ def printed_seconds(rate: float, *command: str) -> float:
 
 programs = json.loads(Path(sys.argv[1]).read_text())
 (fastest,) = best(ROUNDS, lambda: printed_seconds(FASTEST, programs["frames"]))
-rate = round(LEFT_TO_IT / fastest)
+rate = max(round(LEFT_TO_IT / fastest), 1)
 ours, theirs = best(ROUNDS,
                     lambda: printed_seconds(rate, programs["vistrel_run"], "--camera", "sim",
                                             str(SCRIPT)),

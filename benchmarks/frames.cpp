@@ -12,7 +12,7 @@ namespace {
 
 constexpr int size = 2048;
 constexpr int bufferCount = 8;
-constexpr guint64 patienceUs = 10'000'000;
+constexpr guint64 patienceUs = 60'000'000;
 
 using Clock = std::chrono::steady_clock;
 

@@ -2,6 +2,7 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """What the pages name is there: files and folders, links, and no folder of sources is forgotten."""
 
+import functools
 import re
 import subprocess
 import unittest
@@ -10,8 +11,11 @@ from pathlib import Path
 ROOT = Path(__file__).resolve().parents[2]
 PLUGIN = ROOT / "plugins" / "python_script"
 ARCHITECTURE = ROOT / "docs" / "architecture.md"
+RELIABILITY = ROOT / "docs" / "reliability.md"
 PAGES = [ARCHITECTURE, ROOT / "README.md", ROOT / "CONTRIBUTING.md", ROOT / "examples" / "README.md",
-         *(ROOT / "docs" / name for name in ("chains.md", "cookbook.md", "host.md", "viewer.md"))]
+         RELIABILITY, ROOT / "docs" / "tutorial" / "README.md",
+         *(ROOT / "docs" / name for name in ("benchmarks.md", "chains.md", "cookbook.md", "host.md",
+                                             "viewer.md"))]
 NAMED = re.compile(r"`((?:[\w.-]+/)*[\w-]+\.(?:cpp|h|py|pyi|md|sh|cmake|txt))`")
 FOLDER = re.compile(r"`((?:host|host_api|plugins|tests|docs|examples|benchmarks|scripts|Func\w+)"
                     r"(?:/[\w-]+)*)/?`")
@@ -29,6 +33,24 @@ def places(name: str) -> "list[Path]":
     """Where a name may mean: from the top, within the part that is spoken of, beside a page."""
     return [ROOT / name, PLUGIN / name, PLUGIN / "FuncGraph" / name, ROOT / "host" / "viewer" / name,
             ROOT / "docs" / name, ROOT / "examples" / name]
+
+
+@functools.lru_cache(maxsize=None)
+def tests(*endings: str) -> str:
+    """The texts of all files of the tests with these endings."""
+    return "".join((ROOT / path).read_text(encoding="utf-8") for path in tracked()
+                   if path.startswith("tests/") and path.endswith(endings))
+
+
+def is_test(name: str, is_whole: bool) -> bool:
+    """Whether a group of tests, or a case or class of one, goes by a name or begins so."""
+    end = r"\b" if is_whole else ""
+    group, *cases = name.split(".")
+    groups, code = tests("CMakeLists.txt"), tests(".cpp", ".py")
+    short = re.sub(r"^host_(app|viewer)_", "", group)
+    is_group = re.search(rf"\b{short}{'' if cases else end}", groups) or f"def {group}" in code
+    is_case = re.search(rf"\b(TEST(_F)?\((\w+, )?|class |\w+, ){', '.join(cases)}{end}", code)
+    return bool(is_group and (not cases or is_case))
 
 
 def section(title: str) -> str:
@@ -55,6 +77,20 @@ class Pages(unittest.TestCase):
         for page in PAGES:
             for target in re.findall(r"\]\(([^)#:]+)(?:#[\w-]+)?\)", page.read_text(encoding="utf-8")):
                 self.assertTrue((page.parent / target).exists(), f"{page.name}: {target}")
+
+
+class Reliability(unittest.TestCase):
+    def test_every_test_that_is_to_show_a_promise_is_there(self) -> None:
+        promises = RELIABILITY.read_text(encoding="utf-8").partition("| --- | --- |\n")[2].partition("\n\n")[0]
+        shown_by = [re.split(r"(?<!\\)\|", line)[2] for line in promises.splitlines()]
+        names = re.findall(r"`(\w+(?:\.\w+)*)([.*…]*)`", "".join(shown_by))
+        self.assertGreater(len(names), 30)
+        for name, ending in names:
+            self.assertTrue(is_test(name, is_whole=not ending), name)
+
+    def test_a_test_that_is_gone_would_be_found(self) -> None:
+        for name in ("host_app_interrupt", "run.FullDiskette", "hostile.EveryThing", "contract.Borrows"):
+            self.assertFalse(is_test(name, is_whole=True), name)
 
 
 class Architecture(unittest.TestCase):

@@ -62,7 +62,7 @@ class Examples(unittest.TestCase):
             answers = [word for answer in ANSWERS for word in ("--answer", answer)]
             result = subprocess.run(
                 [PROGRAM, "--camera", "sim", *answers, *scripts], cwd=folder, check=False,
-                capture_output=True, encoding="utf-8", timeout=280)
+                capture_output=True, encoding="utf-8", timeout=500)
         passed = [line.split()[1] for line in result.stdout.splitlines()
                   if line.startswith("passed ")]
         self.assertEqual(passed, [name_of(entry) for entry in ENTRIES], result.stderr)

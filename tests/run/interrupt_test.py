@@ -70,18 +70,19 @@ class Interrupts(ProgramTest):
         self.assertTrue(process.stderr.read().endswith("KeyboardInterrupt\n"))
 
     def wait_until_asleep(self, pid):
-        """Waits until the program waits for its reader: it uses no time any more."""
-        def used():
+        """Waits until the program waits for something: it sleeps, and uses no time any more."""
+        def look():
             with open(f"/proc/{pid}/stat", encoding="utf-8") as stat:
-                return stat.read().rpartition(")")[2].split()[11:13]
+                fields = stat.read().rpartition(")")[2].split()
+            return fields[0] == "S", fields[11:13]
         before = None
-        while before != (now := used()):
+        while before != (now := look()) or not now[0]:  # one that is kept waiting is not asleep
             before = now
             signal.sigtimedwait([], 0.3)
 
     def test_can_be_caught_and_the_script_goes_on(self):
         status, output, errors = self.interrupt(self.script(
-            HEAD + "try:\n    vistrel.wait(3600)\nexcept KeyboardInterrupt:\n"
+            "import vistrel\ntry:\n    print('ready')\n    vistrel.wait(3600)\nexcept KeyboardInterrupt:\n"
             "    vistrel.wait(0.01)\n    print('caught')\n"), asleep=True)
         self.assertEqual((status, output, errors), (0, "caught\n", ""))
 

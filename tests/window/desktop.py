@@ -10,7 +10,7 @@ from pathlib import Path
 from PIL import ImageGrab
 
 TITLE = "Vistrel"
-LONGEST_SECONDS = 60.0
+LONGEST_SECONDS = 120.0
 
 
 def wait_for(what, description):
@@ -50,7 +50,7 @@ class Screen:
         """Sends events by xdotool and returns what it says."""
         return subprocess.run(["xdotool", *words], env={**os.environ, "DISPLAY": self.display},
                               stdout=subprocess.PIPE, stderr=subprocess.PIPE, encoding="utf-8",
-                              check=False).stdout.split()
+                              check=False, timeout=LONGEST_SECONDS).stdout.split()
 
     def window_named(self, title):
         """The number of a window that is shown; None when there is none of that title."""
@@ -115,6 +115,15 @@ class Viewer:
         return wait_for(look, description)
 
     def close(self):
-        """Closes the window by its key; returns the exit status."""
+        """Closes the window by its key; returns the exit status. While a script runs, the window
+        stays: it may be about to end, so the key is pressed again."""
+        wait_for(self._closes, "the window's end")
+        return self.process.returncode
+
+    def _closes(self):
         self.press("ctrl+q")
-        return self.process.wait(LONGEST_SECONDS)
+        try:
+            self.process.wait(2)
+        except subprocess.TimeoutExpired:
+            return False
+        return True

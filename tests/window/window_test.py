@@ -20,7 +20,7 @@ MAGENTA = (255, 0, 255)
 SCRIPT = """
 import vistrel
 view = vistrel.get_active_view_id()
-print("seen", vistrel.wait_for_next_frame(10.0, view))
+print("seen", vistrel.wait_for_next_frame(60.0, view))
 print("\\u2588" * 30)
 vistrel.get_view_image(view).save_to_file("frame.png")
 """
