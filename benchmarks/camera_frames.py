@@ -18,8 +18,8 @@ RATE = float(os.environ["VISTREL_BENCHMARK_RATE"])
 
 def next_frame(view):
     """The next frame as an array that shares the picture's memory."""
-    if not vistrel.wait_for_next_frame(10.0, view):
-        raise Exception("no frame came within 10 seconds")
+    if not vistrel.wait_for_next_frame(30.0, view):
+        raise Exception("no frame came within 30 seconds")
     return numpy.asarray(vistrel.get_view_image(view))
 
 

@@ -20,8 +20,8 @@ def picture_at(camera: vistrel.Camera, view: int, time_us: int) -> vistrel.Image
     for _ in range(20):
         # Two frames may be under way that were begun before.
         for _ in range(3):
-            if not vistrel.wait_for_next_frame(5.0, view):
-                raise Exception("no frame came within 5 seconds")
+            if not vistrel.wait_for_next_frame(30.0, view):
+                raise Exception("no frame came within 30 seconds")
         image = vistrel.get_view_image(view)
         if image.exposure_time_us == time_us:
             return image

@@ -17,8 +17,8 @@ vistrel.add_chain_object("Gaussian Blur", {"sigma": 1.5})
 if not vistrel.record_video_to_file("film.avi", view):
     raise Exception("the film cannot be made; the log says why")
 for _ in range(20):
-    if not vistrel.wait_for_next_frame(5.0, view):
-        raise Exception("no frame came within 5 seconds")
+    if not vistrel.wait_for_next_frame(30.0, view):
+        raise Exception("no frame came within 30 seconds")
 vistrel.stop_video_recording(view)  # from here on the film can be played
 camera.stop_acquisition()
 

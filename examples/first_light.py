@@ -15,8 +15,8 @@ print(camera)
 
 view = camera.start_acquisition()
 for _ in range(5):
-    if not vistrel.wait_for_next_frame(5.0, view):
-        raise Exception("no frame came within 5 seconds")
+    if not vistrel.wait_for_next_frame(30.0, view):
+        raise Exception("no frame came within 30 seconds")
 image = vistrel.get_view_image(view)
 camera.stop_acquisition()
 

@@ -10,8 +10,8 @@ import vistrel
 camera = vistrel.Camera()
 camera.open_device()
 view = camera.start_acquisition()
-if not vistrel.wait_for_next_frame(5.0, view):
-    raise Exception("no frame came within 5 seconds")
+if not vistrel.wait_for_next_frame(30.0, view):
+    raise Exception("no frame came within 30 seconds")
 image = vistrel.get_view_image(view)
 camera.stop_acquisition()
 

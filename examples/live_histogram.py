@@ -17,8 +17,8 @@ chart.alloc(640, 400, 4, 8)
 chart_view = -1
 
 for _ in range(FRAMES):
-    if not vistrel.wait_for_next_frame(5.0, view):
-        raise Exception("no frame came within 5 seconds")
+    if not vistrel.wait_for_next_frame(30.0, view):
+        raise Exception("no frame came within 30 seconds")
     image = vistrel.get_view_image(view)
     counts = numpy.bincount(numpy.asarray(image).ravel(), minlength=2 ** image.bpc)
 

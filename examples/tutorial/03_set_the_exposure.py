@@ -17,8 +17,8 @@ if status != 0:
 
 view = camera.start_acquisition()
 while True:
-    if not vistrel.wait_for_next_frame(5.0, view):
-        raise Exception("no frame came within 5 seconds")
+    if not vistrel.wait_for_next_frame(30.0, view):
+        raise Exception("no frame came within 30 seconds")
     image = vistrel.get_view_image(view)
     if image.exposure_time_us == 30_000:  # the first frames may have been begun before
         break

@@ -13,8 +13,8 @@ x, y, width, height = camera.get_roi()  # the camera may have steps of its own
 print(f"region: {width} x {height} pixels at ({x}, {y})")
 
 view = camera.start_acquisition()
-if not vistrel.wait_for_next_frame(5.0, view):
-    raise Exception("no frame came within 5 seconds")
+if not vistrel.wait_for_next_frame(30.0, view):
+    raise Exception("no frame came within 30 seconds")
 image = vistrel.get_view_image(view)
 camera.stop_acquisition()
 camera.set_roi(*before)

@@ -14,7 +14,7 @@ for time_us, colour in COLOURS.items():
     camera.set_exposure_time_us(time_us)
     view = camera.start_acquisition()
     for _ in range(5):  # the frames that were begun before
-        vistrel.wait_for_next_frame(5.0, view)
+        vistrel.wait_for_next_frame(30.0, view)
     image = vistrel.get_view_image(view)
     camera.stop_acquisition()
     series = graph.add_series()

@@ -13,8 +13,8 @@ vistrel.add_chain_object("Gaussian Blur", {"sigma": 3.0})
 vistrel.add_chain_object("Threshold", {"level": 100})
 
 for _ in range(3):
-    if not vistrel.wait_for_next_frame(5.0, view):
-        raise Exception("no frame came within 5 seconds")
+    if not vistrel.wait_for_next_frame(30.0, view):
+        raise Exception("no frame came within 30 seconds")
 image = vistrel.get_view_image(view)  # what comes out of the chain
 camera.stop_acquisition()
 

@@ -46,8 +46,8 @@ view = camera.start_acquisition()
 vistrel.record_video_to_file("10_inspect.avi", view)
 means = []
 for _ in range(FRAMES):
-    if not vistrel.wait_for_next_frame(5.0, view):
-        raise Exception("no frame came within 5 seconds")
+    if not vistrel.wait_for_next_frame(30.0, view):
+        raise Exception("no frame came within 30 seconds")
     means.append(vistrel.get_view_image(view).measure_rect(*PART)[0]["mean"])
 vistrel.stop_video_recording(view)
 camera.stop_acquisition()

@@ -38,7 +38,7 @@ All examples go on from these lines:
     camera = vistrel.Camera()
     camera.open_device()
     view = camera.start_acquisition()
-    vistrel.wait_for_next_frame(5.0, view)
+    vistrel.wait_for_next_frame(30.0, view)
     image = vistrel.get_view_image(view)
     graph = vistrel.Graph()
     series = graph.add_series()
@@ -261,8 +261,8 @@ def wait_for_next_frame(timeout: float = -1.0, view_id: int = -1, /) -> bool:
         Exception: "vistrel.WaitForNextFrame: view not found"
 
     Example:
-        if not vistrel.wait_for_next_frame(5.0, view):
-            raise Exception("no frame came within 5 seconds")
+        if not vistrel.wait_for_next_frame(30.0, view):
+            raise Exception("no frame came within 30 seconds")
     """
 
 def wait(seconds: float, /) -> None:
@@ -395,7 +395,7 @@ def stop_video_recording(view_id: int = -1, /) -> None:
     Example:
         vistrel.record_video_to_file("frames.avi", view)
         for _ in range(10):
-            vistrel.wait_for_next_frame(5.0, view)
+            vistrel.wait_for_next_frame(30.0, view)
         vistrel.stop_video_recording(view)
     """
 
@@ -939,7 +939,7 @@ class Camera:
 
         Example:
             view = camera.start_acquisition()
-            if vistrel.wait_for_next_frame(5.0, view):
+            if vistrel.wait_for_next_frame(30.0, view):
                 image = vistrel.get_view_image(view)
         """
 
@@ -1528,7 +1528,7 @@ class Image:
                 object is empty.
 
         Example:
-            vistrel.wait_for_next_frame(5.0, view)
+            vistrel.wait_for_next_frame(30.0, view)
             later = vistrel.get_view_image(view)
             print(later.get_time_stamp() - image.get_time_stamp(), "us")
         """
@@ -1976,7 +1976,7 @@ class Image:
                 of the two objects is empty.
 
         Example:
-            vistrel.wait_for_next_frame(5.0, view)
+            vistrel.wait_for_next_frame(30.0, view)
             motion = vistrel.get_view_image(view)
             motion.subtract(image)
         """
@@ -2120,7 +2120,7 @@ class Image:
     """Number that the camera gave the frame.
 
     Example:
-        vistrel.wait_for_next_frame(5.0, view)
+        vistrel.wait_for_next_frame(30.0, view)
         later = vistrel.get_view_image(view)
         lost = later.acq_nframe - image.acq_nframe - 1
     """
