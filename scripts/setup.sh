@@ -2,7 +2,7 @@
 # SPDX-FileCopyrightText: 2026 The Vistrel Python scripting authors
 # SPDX-License-Identifier: GPL-3.0-or-later
 # Installs the Debian packages that are missing: scripts/setup.sh LIST...
-# Each LIST is a file of scripts/packages without its ending: build, docs, test, checks, fuzz.
+# Each LIST is a file of scripts/packages without its ending: build, docs, test, checks, fuzz, package.
 set -euo pipefail
 
 folder=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
