@@ -43,6 +43,8 @@ def environment(folder: Path) -> Dict[str, str]:
                "detect_leaks=0")
     return {**os.environ, "PYTHONPATH": str(FOLDER), "PYTHONDONTWRITEBYTECODE": "1",
             "PYTHONHASHSEED": "0",
+            # Else the addresses that it needs grow with the number of processors.
+            "MALLOC_ARENA_MAX": "2", "OPENBLAS_NUM_THREADS": "1",
             "QT_QPA_PLATFORM": "offscreen", "HOME": str(folder), "PULSE_SERVER": "unix:/nobody",
             "ASAN_OPTIONS": options,
             "UBSAN_OPTIONS": f"print_stacktrace=1:exitcode={SANITIZER_STATUS}"}
