@@ -37,6 +37,7 @@ in_unpacked_folder() {
     mkdir "$work/results"
     "$work/unpacked/usr/bin/vistrel-run" --camera sim --cwd "$work/results" "$work/unpacked$example"
     test -s "$work/results/first_light.png"
+    QT_QPA_PLATFORM=offscreen "$work/unpacked/usr/bin/vistrel-viewer" --version
 }
 
 in_fresh_root() {
@@ -51,6 +52,7 @@ in_fresh_root() {
     mkdir "$root/results"
     chroot "$root" vistrel-run --camera sim --cwd /results "$example"
     test -s "$root/results/first_light.png"
+    chroot "$root" env QT_QPA_PLATFORM=offscreen vistrel-viewer --version
     chroot "$root" apt-get -qy purge vistrel > "$work/purge.log" 2>&1
     test ! -e "$root/usr/lib/vistrel"
 }
