@@ -88,6 +88,8 @@ def error_clicked(viewer):
 
 def chain_with_settings(viewer):
     viewer.press("F5")
+    viewer.press("alt+2")  # away, and back before the panel that lies on it
+    viewer.press("alt+2")
     time.sleep(2)
 
 
