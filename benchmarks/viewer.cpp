@@ -34,7 +34,7 @@ constexpr int side = 2048;
 constexpr float pictureRate = 25.0F;
 constexpr int rounds = 3;
 constexpr int settlingMs = 500;
-constexpr int drainingMs = 2000; // the last lines are shown a thousand at a time
+constexpr int drainingMs = 2000;   // the last lines are shown a thousand at a time
 constexpr int patienceMs = 60'000; // on a machine that is busy with other things
 
 [[noreturn]] void fail(const QString& reason)

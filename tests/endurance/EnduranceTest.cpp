@@ -170,7 +170,8 @@ TEST_F(Endurance, StreamsThatStartAndStopKeepNothingBesideTheRecords)
 int main(int argc, char** argv)
 {
     testing::InitGoogleTest(&argc, argv);
-    prctl(PR_SET_THP_DISABLE, 1, 0, 0, 0); // the kernel would round memory up to 2 MiB when it likes
+    prctl(PR_SET_THP_DISABLE, 1, 0, 0,
+          0); // the kernel would round memory up to 2 MiB when it likes
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QApplication application(argc, argv);
     QGuiApplication::setQuitOnLastWindowClosed(false);
