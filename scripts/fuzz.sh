@@ -17,5 +17,5 @@ export QT_QPA_PLATFORM=offscreen PYTHONMALLOC=malloc
 # The interpreter keeps memory on purpose, and the image type its records.
 export ASAN_OPTIONS=detect_leaks=0:allocator_may_return_null=1
 export UBSAN_OPTIONS=print_stacktrace=1
-build-fuzz/bin/fuzz_image_import -max_total_time="$seconds" -max_len=512 -timeout=20 \
+build-fuzz/bin/fuzz_image_import -max_total_time="$seconds" -max_len=512 -timeout=100 \
     -print_final_stats=1 -artifact_prefix=build-fuzz/ build-fuzz/corpus tests/fuzz/corpus

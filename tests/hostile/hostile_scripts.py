@@ -22,7 +22,7 @@ from script_maker import Maker
 
 FOLDER = Path(__file__).resolve().parent
 SCRIPTS, STATEMENTS = 16, 400
-LIMIT = 300  # seconds that a process may take; it takes some
+LIMIT = 500  # seconds that a process may take; it takes some
 MEMORY = 3 << 30  # bytes
 SANITIZER_STATUS = 99
 # A nested script, and one that fails; files that are no pictures.
