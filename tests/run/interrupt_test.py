@@ -74,7 +74,7 @@ class Interrupts(ProgramTest):
         def look():
             with open(f"/proc/{pid}/stat", encoding="utf-8") as stat:
                 fields = stat.read().rpartition(")")[2].split()
-            return fields[0] == "S", fields[11:13]
+            return fields[0] in "SZ", fields[11:13]  # asleep, or ended
         before = None
         while before != (now := look()) or not now[0]:  # one that is kept waiting is not asleep
             before = now
