@@ -90,11 +90,17 @@ private:
     Hook<void(GObject*)> m_finalize{m_class.finalize, &onFinalize};
 };
 
-/// Watches searches for simulated cameras, and may hide them.
+/// Watches searches for simulated cameras, and may hide them. It stays for good: a search may be
+/// under way on a thread that nobody waits for.
 class SimulatedSearches {
 public:
-    SimulatedSearches() { instance = this; }
-    ~SimulatedSearches() { instance = nullptr; }
+    /// Begins anew: nothing is counted or hidden yet.
+    static SimulatedSearches& watched()
+    {
+        SimulatedSearches& searches = instance();
+        searches.inThisThread = searches.elsewhere = searches.blind = 0;
+        return searches;
+    }
     SimulatedSearches(const SimulatedSearches&) = delete;
     SimulatedSearches& operator=(const SimulatedSearches&) = delete;
 
@@ -103,59 +109,76 @@ public:
     std::atomic<int> blind = 0; ///< how many more searches find nothing
 
 private:
+    SimulatedSearches() = default;
+
+    static SimulatedSearches& instance()
+    {
+        static SimulatedSearches& searches = *new SimulatedSearches;
+        return searches;
+    }
     static void onUpdate(ArvInterface* interface, GArray* devices)
     {
-        SimulatedSearches& self = *instance;
+        SimulatedSearches& self = instance();
         ++(std::this_thread::get_id() == self.m_thread ? self.inThisThread : self.elsewhere);
         if (self.blind.fetch_sub(1) <= 0)
             self.m_update.original()(interface, devices);
     }
 
-    inline static SimulatedSearches* instance = nullptr;
     const std::thread::id m_thread = std::this_thread::get_id();
     ArvInterfaceClass& m_class = classOf<ArvInterfaceClass>(ARV_TYPE_FAKE_INTERFACE);
     Hook<void(ArvInterface*, GArray*)> m_update{m_class.update_device_list, &onUpdate};
 };
 
-/// Counts the calls of this thread to network cameras that got no answer: each takes seconds.
+/// Counts the calls of this thread to network cameras that got no answer: each takes seconds. It
+/// stays for good: cameras are let go of on threads that nobody waits for, by the same calls.
 class UnansweredCalls {
 public:
-    UnansweredCalls() { instance = this; }
-    ~UnansweredCalls() { instance = nullptr; }
+    /// Counts from 0 again.
+    static const UnansweredCalls& counted()
+    {
+        instance().m_count = 0;
+        return instance();
+    }
     UnansweredCalls(const UnansweredCalls&) = delete;
     UnansweredCalls& operator=(const UnansweredCalls&) = delete;
 
     int count() const { return m_count; }
 
 private:
-    static gboolean counted(gboolean answered)
+    UnansweredCalls() = default;
+
+    static UnansweredCalls& instance()
     {
-        if (!answered && std::this_thread::get_id() == instance->m_thread)
-            ++instance->m_count;
+        static UnansweredCalls& calls = *new UnansweredCalls;
+        return calls;
+    }
+    static gboolean noted(gboolean answered)
+    {
+        if (!answered && std::this_thread::get_id() == instance().m_thread)
+            ++instance().m_count;
         return answered;
     }
     static gboolean readMemory(ArvDevice* device, guint64 address, guint32 size, void* buffer,
                                GError** error)
     {
-        return counted(instance->m_readMemory.original()(device, address, size, buffer, error));
+        return noted(instance().m_readMemory.original()(device, address, size, buffer, error));
     }
     static gboolean writeMemory(ArvDevice* device, guint64 address, guint32 size, void* buffer,
                                 GError** error)
     {
-        return counted(instance->m_writeMemory.original()(device, address, size, buffer, error));
+        return noted(instance().m_writeMemory.original()(device, address, size, buffer, error));
     }
     static gboolean readRegister(ArvDevice* device, guint64 address, guint32* value, GError** error)
     {
-        return counted(instance->m_readRegister.original()(device, address, value, error));
+        return noted(instance().m_readRegister.original()(device, address, value, error));
     }
     static gboolean writeRegister(ArvDevice* device, guint64 address, guint32 value, GError** error)
     {
-        return counted(instance->m_writeRegister.original()(device, address, value, error));
+        return noted(instance().m_writeRegister.original()(device, address, value, error));
     }
 
     using MemoryCall = gboolean(ArvDevice*, guint64, guint32, void*, GError**);
 
-    inline static UnansweredCalls* instance = nullptr;
     const std::thread::id m_thread = std::this_thread::get_id();
     std::atomic<int> m_count = 0;
     ArvDeviceClass& m_class = classOf<ArvDeviceClass>(ARV_TYPE_GV_DEVICE);

@@ -25,7 +25,7 @@ struct ClosedCamera : testing::Test {
     QCoreApplication application{argc, argv};
     LogCapture log;
     SimulatedDevices devices;
-    SimulatedSearches searches;
+    SimulatedSearches& searches = SimulatedSearches::watched();
     QString error;
     std::unique_ptr<CameraManager> manager = std::make_unique<CameraManager>();
     const std::thread::id thisThread = std::this_thread::get_id();

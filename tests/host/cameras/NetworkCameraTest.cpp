@@ -123,21 +123,22 @@ TEST_F(NetworkCamera, IsOpenedTogetherWithTheSimulatedOneAndAgain)
 TEST_F(NetworkCamera, ASlowSinkDropsWholeFrames)
 {
     void* camera = openNetworkCamera();
-    std::mutex gate;
-    std::unique_lock closed(gate);
-    std::atomic<int> calls = 0;
-    const auto sink = [&](std::unique_ptr<CxImageData>) {
-        ++calls;
-        const std::scoped_lock wait(gate);
+    std::vector<qint32> numbers; // that the camera gave the frames
+    const auto sink = [&](std::unique_ptr<CxImageData> frame) {
+        numbers.push_back(frame->picBuf()->acqFrameNumber);
+        QThread::msleep(200); // some periods of the camera's
     };
     ASSERT_TRUE(manager.start(camera, sink, error)) << error.toStdString();
-    ASSERT_TRUE(waitUntil([&] { return calls > 0; }));
-    QThread::msleep(2000); // some 50 frames
-    closed.unlock();
-    EXPECT_TRUE(waitUntil([&] { return manager.statistics(camera).framesTaken >= 20; }));
-    EXPECT_GT(manager.statistics(camera).framesDropped, 10U);
-    EXPECT_LT(manager.statistics(camera).framesDropped, 200U);
-    manager.stop(camera); // before the gate goes
+    EXPECT_TRUE(waitUntil([&] { return manager.statistics(camera).framesDropped > 10; }));
+    manager.stop(camera);
+    ASSERT_GT(numbers.size(), 1U);
+    const StreamStatistics counted = manager.statistics(camera);
+    EXPECT_EQ(counted.framesTaken, numbers.size());
+    const auto missing = quint64(numbers.back() - numbers.front() + 1) - numbers.size();
+    EXPECT_GT(missing, 0U);
+    EXPECT_GE(counted.framesDropped, missing);
+    // Frames, not packets, of which each has hundreds; some may be missing behind the last one.
+    EXPECT_LT(counted.framesDropped, missing + 1000);
 }
 
 TEST_F(NetworkCamera, IsReportedLostWhenItDiesAndLeavesTheRestWorking)
@@ -234,7 +235,7 @@ struct DyingCamera : NetworkCamera {
     void expectSoonGivenUp(Action action)
     {
         void* camera = openAndKill();
-        const UnansweredCalls unanswered;
+        const UnansweredCalls& unanswered = UnansweredCalls::counted();
         action(*manager.cameraParameters(camera), camera);
         EXPECT_EQ(unanswered.count(), 1);
         EXPECT_TRUE(waitUntil([&] { return manager.openedCameraCount() == 0; }));
@@ -300,7 +301,7 @@ TEST_F(DyingCamera, SaysOnceThatItDoesNotTakeItsDefaults)
 TEST_F(DyingCamera, HoldsNobodyUpWhenNobodySpeaksToIt)
 {
     void* camera = openAndKill();
-    const UnansweredCalls unanswered;
+    const UnansweredCalls& unanswered = UnansweredCalls::counted();
     EXPECT_TRUE(waitUntil([&] { return manager.cameraParameters(camera) == nullptr; }));
     EXPECT_EQ(unanswered.count(), 0);
 }

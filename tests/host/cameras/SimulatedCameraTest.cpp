@@ -278,6 +278,7 @@ TEST_F(CameraStreaming, ASlowSinkDropsFramesAndHoldsNobodyUp)
     };
     ASSERT_TRUE(manager.start(camera, sink, error)) << error.toStdString();
     // The sink is inside its first call all the time, and the camera goes on.
+    ASSERT_TRUE(waitUntil([&] { return calls > 0; }));
     EXPECT_TRUE(waitUntil([&] { return manager.statistics(camera).framesDropped >= 20; }));
     EXPECT_EQ(calls, 1);
     EXPECT_EQ(read(camera, "Width").toInt(), 512);
