@@ -36,7 +36,7 @@ public:
     static bool CopyPicBuf(SxPicBuf& target, const SxPicBuf& source, bool copyMetadata);
     /// Exchanges the first and the third channel of every pixel in place, and turns `isRgb` over,
     /// so that the record still says what lies in memory. Returns false and changes nothing for
-    /// fewer than 3 channels and for packed pixels.
+    /// fewer than 3 channels, for packed pixels, and for a record that holds no whole line.
     static bool SwapRedAndBlue(SxPicBuf& buffer);
 
     // Conversions and arithmetic. Each returns false and leaves its target unchanged when the

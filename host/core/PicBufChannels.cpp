@@ -104,7 +104,7 @@ void swapFirstAndThird(const SxPicBuf& buffer)
 bool swapByOpenCv(const SxPicBuf& buffer)
 {
     const unsigned bits = vistrel::elementBits(buffer);
-    if (buffer.channels > 4 || bits > 16 || !vistrel::hasPixels(buffer) || !vistrel::fitsMat(buffer)
+    if (buffer.channels > 4 || bits > 16 || !vistrel::fitsMat(buffer)
         || !vistrel::isAligned(buffer))
         return false;
     const int depth = bits == 8 ? CV_8U : CV_16U;
@@ -151,7 +151,7 @@ bool CxPicBufAPI::ExtractChannel(const SxPicBuf& source, SxPicBuf& target, unsig
 
 bool CxPicBufAPI::SwapRedAndBlue(SxPicBuf& buffer)
 {
-    if (buffer.data == nullptr || buffer.channels < 3 || vistrel::isPacked(buffer))
+    if (!vistrel::hasPixels(buffer) || buffer.channels < 3 || vistrel::isPacked(buffer))
         return false;
     const bool isSwapped = vistrel::guarded("Exchanging red and blue", [&] {
         swapAny(buffer);

@@ -88,12 +88,6 @@ void clearPadding(const SxPicBuf& buffer, std::size_t line)
             std::memset(buffer.data + y * buffer.stride + line, 0, buffer.stride - line);
 }
 
-bool samePixels(const SxPicBufInfo& a, const SxPicBufInfo& b)
-{
-    return a.width == b.width && a.height == b.height && a.channels == b.channels
-           && a.dataType == b.dataType;
-}
-
 /// Bytes from the first to the last pixel: foreign memory may end there, short of a whole stride.
 std::size_t usedBytes(const SxPicBuf& buffer, std::size_t line)
 {
@@ -182,7 +176,8 @@ void CxPicBufAPI::FreePicBuf(SxPicBuf& buffer, bool resetInfo)
 
 bool CxPicBufAPI::CopyPicBuf(SxPicBuf& target, const SxPicBuf& source, bool copyMetadata)
 {
-    if (!vistrel::hasPixels(target) || !vistrel::hasPixels(source) || !samePixels(target, source))
+    if (!vistrel::hasPixels(target) || !vistrel::hasPixels(source)
+        || !vistrel::haveSameSize(target, source) || !vistrel::haveSamePixels(target, source))
         return false;
     if (target.data != source.data)
         copyLines(target, source);

@@ -3,10 +3,7 @@
 // The image object: derived pictures, copies between pictures, arithmetic.
 #include "PluginTest.h"
 
-#include "core/PicBufHeap.h"
-
-#include <cstdlib>
-#include <cstring>
+#include "../host/core/PictureMemory.h"
 
 namespace {
 
@@ -89,12 +86,11 @@ TEST_F(ImageConversions, StrangersInThePlaceOfAnImageAreRefused)
 TEST_F(ImageConversions, EveryNewPictureNeedsMemory)
 {
     run((std::string(prelude) + "import emb\nemb.kept = flat(1)").c_str());
-    vistrel::setPicBufAllocator([](std::size_t, std::size_t, bool) -> void* { return nullptr; });
+    const vistrel::test::NoPictureMemory none;
     for (const char* call :
          {"to_rgb()", "extract_channel(0)", "convert_bpc(8)", "crop(0, 0, 1, 1)", "resize(1, 1)"})
         EXPECT_EQ(error(("import emb\nemb.kept." + std::string(call)).c_str()), outOfMemory)
             << call;
-    vistrel::setPicBufAllocator(nullptr);
 }
 
 TEST_F(ImageConversions, NewPicturesDoNotTouchTheirSource)
@@ -188,26 +184,16 @@ TEST_F(ImageConversions, CropGivesARectangleOfTheSameType)
     EXPECT_EQ(valueOf("rows(made(6, 5, 1, 12).crop(4, 4, 1, 1))"), QStringLiteral("[[44]]"));
 }
 
-/// Memory that has been used before, as a program's memory is after a while.
-void* allocateUsed(std::size_t bytes, std::size_t, bool cleared)
-{
-    void* const block = std::malloc(bytes);
-    if (block != nullptr)
-        std::memset(block, cleared ? 0 : 0xEE, bytes);
-    return block;
-}
-
 TEST_F(ImageConversions, WhatTheHostDoesNotWriteIsBlack)
 {
     run("pass");
-    vistrel::setPicBufAllocator(&allocateUsed);
+    const vistrel::test::UsedPictureMemory used;
     EXPECT_EQ(valueOf("rows(made(3, 2).crop(2, 1, 3, 2))"),
               QStringLiteral("[[12, 0, 0], [0, 0, 0]]"));
     EXPECT_EQ(valueOf("set(bytes(flat(9).crop(100, 100, 4, 4)))"), QStringLiteral("{0}"));
     EXPECT_EQ(valueOf("set(bytes(flat(9).resize(4, 4, 100, 100, 1, 1)))"), QStringLiteral("{0}"));
     EXPECT_EQ(valueOf("set(bytes(flat(9).resize(5, 5, -1, -1, 0, 0))) - {9, 0}"),
               QStringLiteral("set()"));
-    vistrel::setPicBufAllocator(nullptr);
 }
 
 TEST_F(ImageConversions, WhatLiesOutsideTheSourceStaysBlackInACrop)

@@ -3,7 +3,7 @@
 // The image object: pictures from arrays and from nested lists.
 #include "PluginTest.h"
 
-#include "core/PicBufHeap.h"
+#include "../host/core/PictureMemory.h"
 
 #include <cstdlib>
 
@@ -153,11 +153,10 @@ TEST_F(ImageImport, AFailedAllocationIsLoggedWithTheGeometry)
 TEST_F(ImageImport, WithoutMemoryArraysAndListsAreRefused)
 {
     EXPECT_EQ(run("i = vistrel.Image()\ni.alloc(5, 4, 1, 8)\nimport emb\nemb.kept = i"), QString());
-    vistrel::setPicBufAllocator([](std::size_t, std::size_t, bool) -> void* { return nullptr; });
+    const vistrel::test::NoPictureMemory none;
     EXPECT_EQ(error((std::string(prelude) + "import emb\nemb.kept.from_array(source())").c_str()),
               cannotAllocate);
     EXPECT_EQ(error("import emb\nemb.kept.from_array([[[1, 2, 3]] * 4])"), cannotAllocate);
-    vistrel::setPicBufAllocator(nullptr);
     EXPECT_TRUE(log.last().endsWith(QLatin1String(
         "fx_pyimages_CreateFromList = cannot allocate image with dimensions: w4 h1 c3 bpc16")))
         << qPrintable(log.last());
@@ -170,7 +169,7 @@ int allocationsLeft = 0;
 TEST_F(ImageImport, WithoutMemoryForANarrowerCopyThePictureStaysWide)
 {
     run("pass");
-    vistrel::setPicBufAllocator([](std::size_t bytes, std::size_t, bool) -> void* {
+    const vistrel::test::PictureMemory scarce([](std::size_t bytes, std::size_t, bool) -> void* {
         return allocationsLeft-- > 0 ? std::calloc(1, bytes) : nullptr;
     });
     for (const char* type : {"<u2", "<i4", "<f8"}) {
@@ -186,7 +185,6 @@ TEST_F(ImageImport, WithoutMemoryForANarrowerCopyThePictureStaysWide)
                   "except SystemError: print(i.__array_interface__['typestr'], end='')\n"),
               QString());
     EXPECT_EQ(output, QStringLiteral("|u2"));
-    vistrel::setPicBufAllocator(nullptr);
 }
 
 TEST_F(ImageImport, ElementTypesAreRefusedAndLoggedWhenTheirSizeIsUnknown)

@@ -3,7 +3,7 @@
 // The image object: allocation, accessors, text form, exports, copies.
 #include "PluginTest.h"
 
-#include "core/PicBufHeap.h"
+#include "../host/core/PictureMemory.h"
 
 #include <CxPicBufAPI.h>
 
@@ -131,14 +131,13 @@ TEST_F(ImageObject, AllocWithoutMemoryKeepsThePreviousImage)
 TEST_F(ImageObject, AFailingAllocatorIsRefusedEverywhere)
 {
     CxImageData& image = bind(makeImage(4, 3, 3, ExImageDataType::UInt8, 8));
-    vistrel::setPicBufAllocator([](std::size_t, std::size_t, bool) -> void* { return nullptr; });
+    const vistrel::test::NoPictureMemory none;
     EXPECT_EQ(allocError("4, 3, 1, 8"),
               QStringLiteral("Exception: cannot allocate new image, out of memory"));
     EXPECT_EQ(error("p.get_image_data_numpy()"),
               QStringLiteral("Exception: Cannot allocate image"));
     EXPECT_EQ(error("p.new_copy()"),
               QStringLiteral("Exception: cannot allocate new image, out of memory"));
-    vistrel::setPicBufAllocator(nullptr);
     EXPECT_EQ(image.picBuf()->width, 4U);
 }
 

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Vistrel Python scripting authors
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Pictures, memory that runs out, and log lines for tests of the host's core.
+// Pictures and log lines for tests of the host's core.
 #pragma once
 
-#include "core/PicBufHeap.h"
+#include "PictureMemory.h"
 
 #include <CxImageData.h>
 #include <CxPicBufAPI.h>
@@ -85,22 +85,6 @@ std::vector<Element> valuesIn(const SxPicBuf& buffer)
     forEachValue<Element>(buffer, [&](const Element& value) { values.push_back(value); });
     return values;
 }
-
-/// Lets every allocation of pixels fail for as long as it lives.
-class NoPictureMemory {
-public:
-    NoPictureMemory()
-        : m_previous(setPicBufAllocator(&refuse))
-    {
-    }
-    ~NoPictureMemory() { setPicBufAllocator(m_previous); }
-    NoPictureMemory(const NoPictureMemory&) = delete;
-    NoPictureMemory& operator=(const NoPictureMemory&) = delete;
-
-private:
-    static void* refuse(std::size_t, std::size_t, bool) { return nullptr; }
-    PicBufAllocator m_previous;
-};
 
 /// Collects what is logged for as long as it lives. Read it when the threads that log have ended.
 class LogLines {

@@ -107,17 +107,9 @@ TEST(PictureBuffer, NewMemoryIsClearedWhenAskedFor)
     }
 }
 
-void* allocateUsed(std::size_t bytes, std::size_t, bool cleared)
-{
-    void* const block = std::malloc(bytes);
-    if (block != nullptr)
-        std::memset(block, cleared ? 0 : 0xFF, bytes);
-    return block;
-}
-
 TEST(PictureBuffer, BetweenTheLinesMemoryIsAlwaysCleared)
 {
-    const vistrel::PicBufAllocator previous = vistrel::setPicBufAllocator(&allocateUsed);
+    const UsedPictureMemory used;
     SxPicBufInfo info;
     info.width = 5;
     info.height = 3;
@@ -125,8 +117,7 @@ TEST(PictureBuffer, BetweenTheLinesMemoryIsAlwaysCleared)
     info.channels = 1;
     SxPicBuf buffer;
     CxPicBufAPI::AllocPicBufFromHeap(buffer, info, false, 0);
-    vistrel::setPicBufAllocator(previous);
-    const QByteArray line = QByteArray(5, '\xFF') + QByteArray(7, '\0');
+    const QByteArray line = QByteArray(5, char(used.usedByte)) + QByteArray(7, '\0');
     EXPECT_EQ(QByteArray(reinterpret_cast<const char*>(buffer.data), 36), line.repeated(3));
     CxPicBufAPI::FreePicBuf(buffer, true);
 }
@@ -134,13 +125,12 @@ TEST(PictureBuffer, BetweenTheLinesMemoryIsAlwaysCleared)
 TEST(PictureBuffer, HasRoomForArraysThatTakeEightBytesForAValueOfNoType)
 {
     static std::size_t asked = 0;
-    vistrel::setPicBufAllocator([](std::size_t bytes, std::size_t, bool) -> void* {
+    const PictureMemory counted([](std::size_t bytes, std::size_t, bool) -> void* {
         asked = bytes;
         return std::calloc(1, bytes);
     });
     SxPicBuf buffer;
     CxPicBufAPI::AllocPicBufFromHeap(buffer, {.width = 5, .height = 3, .channels = 1}, true, 0);
-    vistrel::setPicBufAllocator(nullptr);
     EXPECT_EQ(buffer.dataSize(), 3U * 8U);
     EXPECT_EQ(asked, buffer.dataSize() + 7);
     CxPicBufAPI::FreePicBuf(buffer, true);
@@ -290,6 +280,21 @@ TEST(PictureBuffer, CopyRefusesWhatDoesNotFitAndChangesNothing)
     CxPicBufAPI::FreePicBuf(source, true);
 }
 
+TEST(PictureBuffer, CopyTakesAPackedPixelForOneWhateverChannelsItsRecordNames)
+{
+    SxPicBuf source = newBuffer({.width = 3, .height = 2, .channels = 3, .type = Packed565});
+    SxPicBuf target = newBuffer({.width = 3, .height = 2, .channels = 1, .type = Packed565});
+    const std::vector<quint16> words{1, 22, 333, 4444, 55555, 6};
+    fill<quint16>(source, words);
+    EXPECT_TRUE(CxPicBufAPI::CopyPicBuf(target, source, false));
+    EXPECT_EQ(valuesIn<quint16>(target), words);
+    fill<quint16>(target, {0});
+    EXPECT_TRUE(CxPicBufAPI::ConvertPicToDifBpc(source, target, true));
+    EXPECT_EQ(valuesIn<quint16>(target), words);
+    CxPicBufAPI::FreePicBuf(source, true);
+    CxPicBufAPI::FreePicBuf(target, true);
+}
+
 TEST(PictureBuffer, CopyRefusesARecordThatHoldsNoWholeLine)
 {
     SxPicBuf source = newBuffer({.width = 4, .height = 4, .channels = 2});
@@ -388,6 +393,18 @@ TEST(PictureBuffer, SwapRefusesFewChannelsPackedPixelsAndNoPixels)
     SxPicBuf empty;
     empty.channels = 3;
     EXPECT_FALSE(CxPicBufAPI::SwapRedAndBlue(empty));
+}
+
+TEST(PictureBuffer, SwapRefusesARecordThatHoldsNoWholeLine)
+{
+    SxPicBuf buffer = newBuffer({.width = 2, .height = 2, .channels = 3});
+    fill<quint8>(buffer, {1, 2, 3});
+    SxPicBuf wrong = buffer; // a record of its own over the same pixels
+    wrong.stride = 5;
+    EXPECT_FALSE(CxPicBufAPI::SwapRedAndBlue(wrong));
+    EXPECT_FALSE(wrong.isRgb);
+    EXPECT_EQ(buffer.data[0], 1);
+    CxPicBufAPI::FreePicBuf(buffer, true);
 }
 
 } // namespace
