@@ -174,6 +174,9 @@ TEST_F(CameraObject, StopIgnoresTheHostsResult)
     EXPECT_CALL(delegate, setCameraAcquisition(false, &camera)).WillOnce(Return(false));
     run("cam = vistrel.Camera()\ncam.open_device()\nprint(cam.stop_acquisition(), end='')");
     EXPECT_EQ(output, QStringLiteral("None"));
+    EXPECT_CALL(delegate, setCameraAcquisition(false, nullptr)).WillOnce(Return(false));
+    EXPECT_EQ(value("vistrel.Camera().stop_acquisition()"), QStringLiteral("None"))
+        << "an unbound object hands its null handle to the host";
 }
 
 TEST_F(CameraObject, MethodsStandInTheOrderOfTheTable)

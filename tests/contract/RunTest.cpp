@@ -112,6 +112,18 @@ TEST_F(Run, KeysThatAreNoTextsAreLeftAlone)
     EXPECT_EQ(value("(globals().get(5), 'x' in globals())"), QStringLiteral("(1, False)"));
 }
 
+TEST_F(Run, ANameThatIsGoneWithAnotherOnesRemovalIsSkipped)
+{
+    EXPECT_EQ(run("class Taking:\n"
+                  "    def __del__(self, names=globals()): del names['b']\n"
+                  "a = Taking()\n"
+                  "b = 1\n"
+                  "c = 2\n"),
+              QString());
+    EXPECT_EQ(value("[name for name in globals() if name in ('Taking', 'a', 'b', 'c')]"),
+              QStringLiteral("[]"));
+}
+
 TEST_F(Run, ANameWhoseRemovalDropsTheNamespaceDoesNoHarm)
 {
     EXPECT_EQ(run("import functools, sys, weakref\n"
@@ -142,11 +154,11 @@ TEST_F(Run, ARunFromWithinARunIsRefused)
     EXPECT_EQ(value("2"), QStringLiteral("2"));
 }
 
-TEST_F(Run, AReboundConstantKeepsItsNewValue)
+TEST_F(Run, AReboundConstantOrOtherEarlierNameKeepsItsNewValue)
 {
     stringConstants = {{QStringLiteral("MODE"), QStringLiteral("mode")}};
-    run("MODE = 'changed'");
-    EXPECT_EQ(value("MODE"), QStringLiteral("changed"));
+    run("MODE = 'changed'\n__name__ = 'renamed'");
+    EXPECT_EQ(value("(MODE, __name__)"), QStringLiteral("('changed', 'renamed')"));
 }
 
 TEST_F(Run, ImportedModulesKeepTheirState)

@@ -65,6 +65,15 @@ PyObject* PyType_FromSpec(PyType_Spec* spec)
     return next<PyObject*(PyType_Spec*)>("PyType_FromSpec")(spec);
 }
 
+PyObject* PyModule_Create2(PyModuleDef* definition, int apiVersion)
+{
+    if (isNamed(&FailingPython::madeModule, definition->m_name)) {
+        PyErr_SetString(PyExc_MemoryError, "no module on demand");
+        return nullptr;
+    }
+    return next<PyObject*(PyModuleDef*, int)>("PyModule_Create2")(definition, apiVersion);
+}
+
 int PyModule_AddObject(PyObject* module, const char* name, PyObject* value)
 {
     if (isNamed(&FailingPython::addedName, name)) {

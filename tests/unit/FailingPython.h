@@ -17,6 +17,7 @@ struct FailingPython {
     const char* typeName = nullptr;   ///< PyType_FromSpec of the type of this name
     const char* addedName = nullptr;  ///< PyModule_AddObject under this name
     const char* moduleName = nullptr; ///< PyImport_AppendInittab of this module
+    const char* madeModule = nullptr; ///< PyModule_Create2 of the module of this name
     bool mainModule = false;          ///< PyImport_AddModule of `__main__`
     bool finalizeThrows = false;      ///< Py_Finalize, after it has done its work
 };

@@ -47,6 +47,28 @@ TEST_F(Failure, OfTheModuleTableIsWrittenToStandardErrorAndStartUpGoesOn)
     EXPECT_TRUE(errors.contains(QLatin1String("ModuleNotFoundError: No module named 'vistrel'")));
 }
 
+TEST_F(Failure, OfMakingTheModuleIsTheErrorOfItsImportAndRunsGoOn)
+{
+    failing.madeModule = "vistrel";
+    testing::internal::CaptureStderr();
+    const QString errors = run("import vistrel");
+    testing::internal::GetCapturedStderr(); // the start-up's own import
+    EXPECT_TRUE(errors.endsWith(QLatin1String("MemoryError: no module on demand\n")))
+        << qPrintable(errors);
+    failing.madeModule = nullptr;
+    EXPECT_EQ(run("import vistrel\nassert hasattr(vistrel, 'Camera')"), QString());
+}
+
+TEST_F(Failure, OfMakingTheCaptureModuleLeavesTheCapture)
+{
+    failing.madeModule = "emb";
+    testing::internal::CaptureStderr();
+    const QString errors = run("import sys\nsys.stderr.write('captured')");
+    EXPECT_NE(testing::internal::GetCapturedStderr().find("no module on demand"),
+              std::string::npos);
+    EXPECT_EQ(errors, QStringLiteral("captured"));
+}
+
 TEST_F(Failure, OfTheCaptureTypeIsLoggedAndRunsGoUncaptured)
 {
     failing.typeName = "emb.stdout_object";
