@@ -289,6 +289,11 @@ QStringList CameraNodes::entries(ArvGcNode* node) const
     return names;
 }
 
+QString CameraNodes::nameOf(ArvGcFeatureNode* node)
+{
+    return QString::fromUtf8(arv_gc_feature_node_get_name(node));
+}
+
 QString CameraNodes::typeName(ArvGcNode* node)
 {
     if (ARV_IS_GC_CATEGORY(node))

@@ -57,6 +57,7 @@ public:
     NodeLimits limits(ArvGcNode* node) const;
     /// The entries that an enumeration takes now, the features in a category; none for others.
     QStringList entries(ArvGcNode* node) const;
+    static QString nameOf(ArvGcFeatureNode* node);
     /// "integer", "float", "boolean", "enumeration", "string", "command", "category", or empty.
     static QString typeName(ArvGcNode* node);
     /// Of a number, as the camera names it; empty when it does not.

@@ -275,7 +275,7 @@ NodeResult CameraParameters::unknown(const QString& name) const
             known.append(parameter->name());
     }
     for (const CategorisedNode& feature : m_nodes.features(ARV_GC_VISIBILITY_GURU))
-        known.append(QString::fromUtf8(arv_gc_feature_node_get_name(feature.node)));
+        known.append(CameraNodes::nameOf(feature.node));
     return {ParameterStatus::Unknown,
             QStringLiteral("the camera has no such parameter") + nearNamesAsked(name, known)};
 }
@@ -336,8 +336,8 @@ bool CameraParameters::mustPauseFor(ArvGcNode* node) const
 {
     if (!m_stream.running())
         return false;
-    const char* name = arv_gc_feature_node_get_name(ARV_GC_FEATURE_NODE(node));
-    return changesFrameSize(QString::fromUtf8(name)) || m_nodes.isLocked(node);
+    return changesFrameSize(CameraNodes::nameOf(ARV_GC_FEATURE_NODE(node)))
+           || m_nodes.isLocked(node);
 }
 
 QStringList CameraParameters::apply(const CameraValues& values)

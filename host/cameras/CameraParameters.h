@@ -41,10 +41,10 @@ public:
     bool setParamDirect(const QString& name, const CxValue& value, int* status,
                         ExCommitRefreshGuiMode mode) override;
 
-    /// What restoreDefaults() falls back on for a camera that keeps no defaults itself.
     /// Whether the camera keeps defaults itself: a user set that it can load.
     bool keepsDefaults() const;
-    /// All settings, as they are now.
+    /// All settings, as they are now: what restoreDefaults() falls back on for a camera that keeps
+    /// no defaults itself.
     CameraValues settings(CxCameraParam::ExVisibility visibility = CxCameraParam::Guru) const;
     /// Gives the camera its own defaults, or these values when it keeps none. What it refuses is
     /// logged.

@@ -35,7 +35,7 @@ FeatureKind kindOf(const MappedParameter& parameter)
 /// The name for people, unless it is the name again, and what the camera says of it.
 QString helpOf(ArvGcFeatureNode* node)
 {
-    const QString name = QString::fromUtf8(arv_gc_feature_node_get_name(node));
+    const QString name = CameraNodes::nameOf(node);
     const QString display = QString::fromUtf8(arv_gc_feature_node_get_display_name(node));
     QString text = QString::fromUtf8(arv_gc_feature_node_get_description(node)).simplified();
     if (text.isEmpty())
@@ -82,9 +82,8 @@ CameraParameters::describeFeatures(CxCameraParam::ExVisibility visibility) const
                                 parameter->unit(), kindOf(*parameter)});
     }
     for (const auto& [node, category] : m_nodes.features(CameraNodes::cameraVisibility(visibility)))
-        features.push_back({QString::fromUtf8(arv_gc_feature_node_get_name(node)), category,
-                            helpOf(node), CameraNodes::unit(ARV_GC_NODE(node)),
-                            kindOf(ARV_GC_NODE(node))});
+        features.push_back({CameraNodes::nameOf(node), category, helpOf(node),
+                            CameraNodes::unit(ARV_GC_NODE(node)), kindOf(ARV_GC_NODE(node))});
     return features;
 }
 

@@ -29,8 +29,7 @@ ArvGcNode* firstReadable(const QStringList& names, const CameraNodes& nodes)
 
 bool isRaw(ArvGcNode* node)
 {
-    const char* name = arv_gc_feature_node_get_name(ARV_GC_FEATURE_NODE(node));
-    return ParameterName::isRaw(QString::fromUtf8(name));
+    return ParameterName::isRaw(CameraNodes::nameOf(ARV_GC_FEATURE_NODE(node)));
 }
 
 /// A limit in the host's type; whole numbers are rounded by `round` and end with 32 bits.

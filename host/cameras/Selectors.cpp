@@ -9,11 +9,6 @@ namespace vistrel {
 
 namespace {
 
-QString nameOf(ArvGcFeatureNode* node)
-{
-    return QString::fromUtf8(arv_gc_feature_node_get_name(node));
-}
-
 NodeResult noSelector(const QString& name)
 {
     return {ParameterStatus::Unknown, QStringLiteral("the camera has no selector %1").arg(name)};
@@ -26,9 +21,9 @@ Selectors::Selectors(const CameraNodes& nodes)
     for (const auto& [selector, category] : nodes.features(ARV_GC_VISIBILITY_INVISIBLE)) {
         const auto selected = CameraNodes::selectedBy(ARV_GC_NODE(selector));
         if (!selected.empty())
-            m_selectors.append(nameOf(selector));
+            m_selectors.append(CameraNodes::nameOf(selector));
         for (ArvGcFeatureNode* feature : selected)
-            m_direct[nameOf(feature)].append(nameOf(selector));
+            m_direct[CameraNodes::nameOf(feature)].append(CameraNodes::nameOf(selector));
     }
 }
 

@@ -6,7 +6,6 @@
 #include "core/FileReplacement.h"
 
 #include <QtCore/QFile>
-#include <QtCore/QFileInfo>
 #include <QtCore/QJsonArray>
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
@@ -126,22 +125,10 @@ std::optional<CameraSettings> settingsOf(const QJsonObject& object, QString& err
     return settings;
 }
 
-/// A folder, a device or a pipe: reading may wait for ever, and replacing would take it away.
-bool isSomethingElse(const QString& path, QString& error)
-{
-    const QFileInfo info(path);
-    const bool isElse = info.exists() && !info.isFile();
-    if (isElse)
-        error = QStringLiteral("it is no file");
-    return isElse;
-}
-
 } // namespace
 
 bool writeSettingsFile(const QString& path, const CameraSettings& settings, QString& error)
 {
-    if (isSomethingElse(path, error))
-        return false;
     const QJsonObject object{{formatKey, QLatin1String(formatName)},
                              {versionKey, formatVersion},
                              {modelKey, settings.model},
@@ -153,7 +140,7 @@ bool writeSettingsFile(const QString& path, const CameraSettings& settings, QStr
 
 std::optional<CameraSettings> readSettingsFile(const QString& path, QString& error)
 {
-    if (isSomethingElse(path, error))
+    if (isNoFile(path, error))
         return std::nullopt;
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) {

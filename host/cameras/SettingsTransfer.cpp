@@ -33,15 +33,10 @@ bool belongsToConnection(const QString& name)
     return std::any_of(beginnings.begin(), beginnings.end(), begins);
 }
 
-QString nameOf(ArvGcFeatureNode* node)
-{
-    return QString::fromUtf8(arv_gc_feature_node_get_name(node));
-}
-
 bool isSetting(ArvGcNode* node)
 {
     return !ARV_IS_GC_COMMAND(node) && !ARV_IS_GC_CATEGORY(node)
-           && !belongsToConnection(nameOf(ARV_GC_FEATURE_NODE(node)));
+           && !belongsToConnection(CameraNodes::nameOf(ARV_GC_FEATURE_NODE(node)));
 }
 
 bool isFinite(const NodeValue& value)
@@ -77,7 +72,7 @@ QStringList settingNames(const CameraNodes& nodes, CxCameraParam::ExVisibility v
     QStringList names;
     for (ArvGcFeatureNode* feature : settingsOf(nodes, CameraNodes::cameraVisibility(visibility))) {
         if (isSetting(ARV_GC_NODE(feature)))
-            names.append(nameOf(feature));
+            names.append(CameraNodes::nameOf(feature));
     }
     names.removeDuplicates();
     return names;

@@ -3,6 +3,7 @@
 // The way of pictures into a film file.
 #include "chains/FilmRecorder.h"
 
+#include "core/FileReplacement.h"
 #include "core/FilmModule.h"
 #include "core/FilmWriters.h"
 #include "core/Log.h"
@@ -109,12 +110,9 @@ std::unique_ptr<FilmRecorder::Claim> FilmRecorder::Claim::take(const QString& pa
 /// Looks whether the file can be written, and leaves one that is there as it is.
 bool FilmRecorder::Claim::open(QString& error)
 {
-    const QFileInfo existing(m_path);
-    if (existing.exists() && !existing.isFile()) {
-        error = QStringLiteral("there is something of that name that is no file");
+    if (isNoFile(m_path, error))
         return false;
-    }
-    const bool isNew = !existing.exists();
+    const bool isNew = !QFileInfo::exists(m_path);
     QFile file(m_path);
     if (!file.open(QIODevice::WriteOnly | QIODevice::Append)) {
         error = file.errorString();

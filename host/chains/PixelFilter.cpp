@@ -5,6 +5,7 @@
 
 #include "core/PicBufMat.h"
 #include "core/PicBufView.h"
+#include "core/ValueRange.h"
 
 #include <CxImageData.h>
 #include <CxPicBufAPI.h>
@@ -112,9 +113,7 @@ QString filterPixels(CxImageData& image, ResultPicture& result, const FilterKind
 
 double whiteOf(const SxPicBuf& buffer)
 {
-    if (isFloatingPoint(buffer))
-        return buffer.saturation > 0.0F ? static_cast<double>(buffer.saturation) : 1.0;
-    const auto white = static_cast<double>(fullScale(significantBits(buffer)));
+    const double white = fullRange(buffer).white;
     return visitElementType(buffer.dataType, [white](auto element) {
         return std::min(white, static_cast<double>(std::numeric_limits<decltype(element)>::max()));
     });

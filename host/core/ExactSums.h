@@ -239,7 +239,7 @@ public:
     {
         addLineTo(line, m_sums.size(), m_shortSums.data(), m_shortSquares.data(), m_smallest.data(),
                   m_largest.data());
-        if (++m_count % 65536 == 0) // as many as 32-bit sums hold
+        if (++m_count % mostValuesOfPart == 0)
             flush();
     }
 
@@ -254,10 +254,9 @@ public:
 
 private:
     using Unsigned = std::make_unsigned_t<Element>;
-    using Squares = std::conditional_t<sizeof(Element) == 1, quint32, quint64>;
 
     static void addLineTo(const Element* __restrict line, std::size_t columns,
-                          quint32* __restrict sums, Squares* __restrict squares,
+                          quint32* __restrict sums, SquaresOfPart<Element>* __restrict squares,
                           Unsigned* __restrict smallest, Unsigned* __restrict largest)
     {
         for (std::size_t i = 0; i < columns; ++i) {
@@ -281,7 +280,7 @@ private:
 
     quint64 m_count = 0;
     std::vector<quint32> m_shortSums;
-    std::vector<Squares> m_shortSquares;
+    std::vector<SquaresOfPart<Element>> m_shortSquares;
     std::vector<quint64> m_sums;
     std::vector<quint64> m_squares;
     std::vector<Unsigned> m_smallest;

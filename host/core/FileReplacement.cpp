@@ -24,13 +24,19 @@ bool writeAll(QFileDevice& file, const QByteArray& bytes)
 
 } // namespace
 
-bool replaceFile(const QString& path, const QByteArray& bytes, QString& error)
+bool isNoFile(const QString& path, QString& error)
 {
     const QFileInfo existing(path);
-    if (existing.exists() && !existing.isFile()) {
+    const bool isElse = existing.exists() && !existing.isFile();
+    if (isElse)
         error = QStringLiteral("there is something of that name that is no file");
+    return isElse;
+}
+
+bool replaceFile(const QString& path, const QByteArray& bytes, QString& error)
+{
+    if (isNoFile(path, error))
         return false;
-    }
     QSaveFile file(path);
     // Without a buffer: commit() does not see that one could not be written, and would put an empty
     // file in the old one's place.

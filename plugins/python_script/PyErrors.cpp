@@ -3,6 +3,7 @@
 // How errors reach a script, and how a script's errors reach the user.
 #include "PyErrors.h"
 
+#include "CallGuard.h"
 #include "ErrorState.h"
 #include "PythonVersion.h"
 
@@ -36,11 +37,6 @@ void writeToStandardError(PyObject* object)
         writeToStandardError(PyBytes_AsString(text.get()));
 }
 
-bool isInteger(PyObject* object)
-{
-    return (PyType_GetFlags(Py_TYPE(object)) & Py_TPFLAGS_LONG_SUBCLASS) != 0;
-}
-
 /// What a SystemExit was given; the error itself when that cannot be had.
 PyRef codeOf(const ErrorState& error)
 {
@@ -58,7 +54,7 @@ void reportSystemExit()
     const PyRef code = codeOf(error);
     if (code.get() == Py_None)
         return;
-    if (isInteger(code.get())) {
+    if (PyLong_Check(code.get())) {
         const long number = PyLong_AsLong(code.get()); // -1 for what does not fit, which is not 0
         PyErr_Clear();
         if (number == 0)
@@ -81,7 +77,7 @@ PyObject* callHookOfScript(PyObject* hook, PyObject* args)
     return result.release();
 }
 
-PyMethodDef safeHook{"excepthook", callHookOfScript, METH_VARARGS, nullptr};
+PyMethodDef safeHook{"excepthook", guarded<callHookOfScript>, METH_VARARGS, nullptr};
 
 /// Prints the pending error by sys.excepthook.
 void printByHook()
@@ -92,12 +88,12 @@ void printByHook()
         return;
     }
     ErrorState error = ErrorState::fetch();
-    const PyRef guarded = PyRef::take(PyCFunction_NewEx(&safeHook, hook.get(), nullptr));
-    PySys_SetObject("excepthook", guarded.get());
+    const PyRef standIn = PyRef::take(PyCFunction_NewEx(&safeHook, hook.get(), nullptr));
+    PySys_SetObject("excepthook", standIn.get());
     error.restore();
     PyErr_Print();
     // A hook may have put another one in its place; that one stays.
-    if (PySys_GetObject("excepthook") == guarded.get())
+    if (PySys_GetObject("excepthook") == standIn.get())
         PySys_SetObject("excepthook", hook.get());
 }
 

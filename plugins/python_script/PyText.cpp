@@ -11,14 +11,9 @@ PyRef newText(const QString& text)
     return PyRef::take(PyUnicode_FromStringAndSize(utf8.constData(), utf8.size()));
 }
 
-bool isText(PyObject* object)
-{
-    return (PyType_GetFlags(Py_TYPE(object)) & Py_TPFLAGS_UNICODE_SUBCLASS) != 0;
-}
-
 std::optional<std::string> utf8Of(PyObject* object)
 {
-    if (!isText(object))
+    if (!PyUnicode_Check(object))
         return std::nullopt;
     const PyRef bytes = PyRef::take(PyUnicode_AsUTF8String(object));
     char* data = nullptr;

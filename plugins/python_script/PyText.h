@@ -15,9 +15,6 @@ namespace python {
 /// A new str. Null with Python's error set when there is no memory.
 PyRef newText(const QString& text);
 
-/// Whether an object is a str or of a subclass.
-bool isText(PyObject* object);
-
 /// The UTF-8 form of a str; nothing, and no error set, for other objects and for texts that have no
 /// such form (lone surrogates).
 std::optional<std::string> utf8Of(PyObject* object);

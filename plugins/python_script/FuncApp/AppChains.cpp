@@ -30,7 +30,7 @@ PyObject* fx_pyapp_AddChainObject(PyObject* self, PyObject* args)
     PyObject* settings = nullptr;
     if (!PyArg_ParseTuple(args, "s|O", &name, &settings))
         return nullptr;
-    if (settings != nullptr && !chain_conf::isDictionary(settings))
+    if (settings != nullptr && !PyDict_Check(settings))
         return python::raise(Refusal{notADictionary});
 
     QDomDocument document;

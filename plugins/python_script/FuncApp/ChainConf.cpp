@@ -13,11 +13,6 @@ namespace chain_conf {
 
 namespace {
 
-bool isOfKind(PyObject* object, unsigned long flag)
-{
-    return (PyType_GetFlags(Py_TYPE(object)) & flag) != 0;
-}
-
 /// The text of a str; null with the encoder's error set when it has no UTF-8 form.
 std::optional<QString> encoded(PyObject* object)
 {
@@ -33,19 +28,17 @@ std::optional<QString> encoded(PyObject* object)
 void setAttribute(QDomElement& conf, const QString& key, PyObject* value)
 {
     // First of all, so that True and False are written as 1 and 0: they are integers too.
-    if (isOfKind(value, Py_TPFLAGS_LONG_SUBCLASS))
+    if (PyLong_Check(value))
         conf.setAttribute(key, qlonglong{static_cast<qint32>(PyLong_AsLong(value))});
-    else if (PyObject_TypeCheck(value, &PyFloat_Type))
+    else if (PyFloat_Check(value))
         conf.setAttribute(key, PyFloat_AsDouble(value));
-    else if (python::isText(value)) {
+    else if (PyUnicode_Check(value)) {
         if (const auto text = encoded(value))
             conf.setAttribute(key, *text);
     }
 }
 
 } // namespace
-
-bool isDictionary(PyObject* object) { return isOfKind(object, Py_TPFLAGS_DICT_SUBCLASS); }
 
 python::ErrorState fill(QDomElement& conf, PyObject* dictionary)
 {

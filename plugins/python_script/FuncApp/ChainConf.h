@@ -9,9 +9,6 @@ class QDomElement;
 
 namespace chain_conf {
 
-/// Whether an object is a dict or of a subclass.
-bool isDictionary(PyObject* object);
-
 /// Sets one attribute of `conf` for each entry: integers and truth values as integers, cut to 32
 /// bits, then floats and texts. Values of other kinds are left out.
 ///

@@ -3,6 +3,7 @@
 // What the module's functions that talk to the user do with the host.
 #include "FuncApp/UserActions.h"
 
+#include "FuncGraph/UserInterface.h"
 #include "HostServices.h"
 #include "PyErrors.h"
 
@@ -11,7 +12,6 @@
 
 #include <QtCore/QPointer>
 #include <QtCore/QScopeGuard>
-#include <QtWidgets/QApplication>
 #include <QtWidgets/QInputDialog>
 #include <QtWidgets/QMenu>
 #include <QtWidgets/QMessageBox>
@@ -34,7 +34,7 @@ using Buttons = std::array<const QAbstractButton*, 3>;
 QWidget* dialogParent()
 {
     // Qt ends the process when a widget is made in a program that has none.
-    if (qobject_cast<QApplication*>(QCoreApplication::instance()) == nullptr)
+    if (!user_interface::hasWidgets())
         throw python::HostUnavailable("the host has no user interface");
     return application().mainWindow();
 }

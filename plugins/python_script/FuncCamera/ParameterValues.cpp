@@ -11,11 +11,6 @@ namespace {
 
 constexpr char unsupportedType[] = "Unsupported camera parameter value type.";
 
-bool isInteger(PyObject* object)
-{
-    return (PyType_GetFlags(Py_TYPE(object)) & Py_TPFLAGS_LONG_SUBCLASS) != 0;
-}
-
 /// The host's integers have 32 bits: of a wider number the low ones go.
 Outcome<CxValue> integerOf(PyObject* object)
 {
@@ -36,11 +31,11 @@ CxValue textOf(PyObject* object)
 Outcome<CxValue> fromPython(PyObject* object)
 {
     // A bool is an int too and goes as 1 or 0; the type of the parameter makes a boolean of it.
-    if (isInteger(object))
+    if (PyLong_Check(object))
         return integerOf(object);
     if (PyFloat_Check(object))
         return CxValue::fromFloat(static_cast<float>(PyFloat_AsDouble(object)));
-    if (python::isText(object))
+    if (PyUnicode_Check(object))
         return textOf(object);
     return Refusal{unsupportedType};
 }

@@ -3,10 +3,10 @@
 // Remembers what was made of the texts in a script's code.
 #pragma once
 
+#include "AddressHash.h"
 #include "PyRef.h"
 
 #include <array>
-#include <cstdint>
 
 /// Names and constants in a script's code are the same object each time they are met, so what was
 /// made of one is found by its address alone: no conversion from Python's form of texts to Qt's, no
@@ -18,7 +18,7 @@ public:
     /// What was made of that very object; the empty value when it is not there.
     Value find(PyObject* text) const
     {
-        const Slot& slot = m_slots[slotOf(text)];
+        const Slot& slot = m_slots[python::addressHash(text)];
         return slot.text.get() == text ? slot.value : Value();
     }
 
@@ -27,7 +27,7 @@ public:
     void add(PyObject* text, const Value& value)
     {
         if (PyUnicode_CheckExact(text) && PyUnicode_GetLength(text) <= longest)
-            m_slots[slotOf(text)] = Slot{python::PyRef::retain(text), value};
+            m_slots[python::addressHash(text)] = Slot{python::PyRef::retain(text), value};
     }
 
     /// For a new interpreter: the texts were the last one's, which took them with it.
@@ -41,20 +41,11 @@ public:
 
 private:
     static constexpr Py_ssize_t longest = 100;
-    static constexpr unsigned slotBits = 8;
 
     struct Slot {
         python::PyRef text;
         Value value;
     };
 
-    /// Objects are 16 bytes apart at least; the multiplier is the golden ratio's, as in Fibonacci
-    /// hashing.
-    static std::size_t slotOf(PyObject* text)
-    {
-        const std::uint64_t address = reinterpret_cast<std::uintptr_t>(text) >> 4U;
-        return static_cast<std::size_t>((address * 0x9E3779B97F4A7C15ULL) >> (64U - slotBits));
-    }
-
-    std::array<Slot, std::size_t{1} << slotBits> m_slots;
+    std::array<Slot, python::addressHashes> m_slots;
 };

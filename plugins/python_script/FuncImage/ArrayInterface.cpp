@@ -24,11 +24,6 @@ constexpr char noData[] = "No data provided in __array_interface__";
 constexpr char dataNoTuple[] = "Data in __array_interface__ not as tuple";
 constexpr char nullData[] = "Null data provided in __array_interface__";
 
-bool isTuple(PyObject* object)
-{
-    return (PyType_GetFlags(Py_TYPE(object)) & Py_TPFLAGS_TUPLE_SUBCLASS) != 0;
-}
-
 /// An entry of the dictionary, or none. Held, because reading another one may run code of a script.
 PyRef entryOf(PyObject* interface, const char* key)
 {
@@ -38,7 +33,7 @@ PyRef entryOf(PyObject* interface, const char* key)
 /// The integers of a tuple; nothing when it is no tuple or holds something else.
 std::optional<std::vector<qint64>> integersOf(PyObject* object)
 {
-    if (!isTuple(object))
+    if (!PyTuple_Check(object))
         return std::nullopt;
     std::vector<qint64> numbers;
     for (Py_ssize_t i = 0; i < PyTuple_Size(object); ++i) {
@@ -122,7 +117,7 @@ const char* readStrides(PyObject* interface, std::size_t dimensions, ArraySource
 {
     source.setContiguousSteps();
     const PyRef strides = entryOf(interface, "strides");
-    if (!strides || !isTuple(strides.get()))
+    if (!strides || !PyTuple_Check(strides.get()))
         return nullptr;
     const auto steps = integersOf(strides.get());
     if (!steps || steps->size() != dimensions)
@@ -139,7 +134,7 @@ const char* readData(PyObject* interface, ArraySource& source)
     const PyRef data = entryOf(interface, "data");
     if (!data)
         return noData;
-    if (!isTuple(data.get()))
+    if (!PyTuple_Check(data.get()))
         return dataNoTuple;
     if (PyTuple_Size(data.get()) < 1)
         return nullData;

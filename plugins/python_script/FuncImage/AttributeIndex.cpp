@@ -3,19 +3,7 @@
 // Finds an attribute's number by its name.
 #include "FuncImage/AttributeIndex.h"
 
-#include "PyText.h"
-
-#include <cstdint>
-
 using python::PyRef;
-
-std::size_t AttributeIndex::firstSlot(PyObject* name)
-{
-    // Objects are 16 bytes apart at least; the multiplier is the golden ratio's, as in Fibonacci
-    // hashing.
-    const auto address = static_cast<std::uint64_t>(reinterpret_cast<std::uintptr_t>(name)) >> 4U;
-    return static_cast<std::size_t>((address * 0x9E3779B97F4A7C15ULL) >> 56U) & (capacity - 1);
-}
 
 bool AttributeIndex::add(const char* name, int number)
 {
@@ -26,7 +14,7 @@ bool AttributeIndex::add(const char* name, int number)
     if (!text || !m_numbersByText || !value
         || PyDict_SetItem(m_numbersByText.get(), text.get(), value.get()) != 0)
         return false;
-    std::size_t slot = firstSlot(text.get());
+    std::size_t slot = python::addressHash(text.get());
     while (m_slots[slot].name)
         slot = (slot + 1) & (capacity - 1);
     m_slots[slot] = Slot{std::move(text), number};
@@ -35,7 +23,7 @@ bool AttributeIndex::add(const char* name, int number)
 
 int AttributeIndex::find(PyObject* name) const
 {
-    for (std::size_t slot = firstSlot(name); m_slots[slot].name;
+    for (std::size_t slot = python::addressHash(name); m_slots[slot].name;
          slot = (slot + 1) & (capacity - 1)) {
         if (m_slots[slot].name.get() == name)
             return m_slots[slot].number;
@@ -45,7 +33,7 @@ int AttributeIndex::find(PyObject* name) const
 
 int AttributeIndex::findByText(PyObject* name) const
 {
-    if (!python::isText(name))
+    if (!PyUnicode_Check(name))
         return none;
     PyObject* number = PyDict_GetItemWithError(m_numbersByText.get(), name);
     if (number == nullptr)

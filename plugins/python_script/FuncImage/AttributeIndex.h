@@ -3,6 +3,7 @@
 // Finds an attribute's number by its name with one hash look-up.
 #pragma once
 
+#include "AddressHash.h"
 #include "PyRef.h"
 
 #include <array>
@@ -23,14 +24,13 @@ public:
     int find(PyObject* name) const;
 
 private:
-    static constexpr std::size_t capacity = 256; // a power of two, sparsely filled
+    static constexpr std::size_t capacity = python::addressHashes; // sparsely filled
 
     struct Slot {
         python::PyRef name; ///< interned; holding it keeps the address from being used again
         int number = none;
     };
 
-    static std::size_t firstSlot(PyObject* name);
     int findByText(PyObject* name) const;
 
     std::array<Slot, capacity> m_slots;

@@ -49,7 +49,7 @@ Outcome<ArraySource> checkedSource(PyObject* object, PyObject* interface)
 
 PyObject* fx_pyimg_CreateFromArrayInterface(PyObject* self, PyObject* object, PyObject* interface)
 {
-    if ((PyType_GetFlags(Py_TYPE(interface)) & Py_TPFLAGS_DICT_SUBCLASS) == 0)
+    if (!PyDict_Check(interface))
         return nullptr;
     Outcome<ArraySource> source = checkedSource(object, interface);
     if (!source)
@@ -76,7 +76,7 @@ PyObject* fx_pyimg_CreateFromArray(PyObject* self, PyObject* object)
     const PyRef interface = PyRef::take(PyObject_GetAttrString(object, "__array_interface__"));
     if (interface)
         return fx_pyimg_CreateFromArrayInterface(self, object, interface.get());
-    if (list_import::isList(object))
+    if (PyList_Check(object))
         return fx_pyimg_CreateFromList(self, object);
     return python::raise(Refusal{noPixels});
 }

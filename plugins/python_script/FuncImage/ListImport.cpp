@@ -22,17 +22,10 @@ constexpr char emptyRows[] = "array rows are empty";
 constexpr char emptyChannels[] = "array channels are empty";
 constexpr char unsupportedType[] = "unsupported data type";
 
-bool hasFlag(PyObject* object, unsigned long flag)
-{
-    return object != nullptr && (PyType_GetFlags(Py_TYPE(object)) & flag) != 0;
-}
-
-bool isInteger(PyObject* object) { return hasFlag(object, Py_TPFLAGS_LONG_SUBCLASS); }
-
-bool isFloat(PyObject* object)
-{
-    return object != nullptr && PyType_IsSubtype(Py_TYPE(object), &PyFloat_Type) != 0;
-}
+// Null is none of them: a list may lack an item.
+bool isInteger(PyObject* object) { return object != nullptr && PyLong_Check(object); }
+bool isFloat(PyObject* object) { return object != nullptr && PyFloat_Check(object); }
+bool isList(PyObject* object) { return object != nullptr && PyList_Check(object); }
 
 /// Borrowed; null when the list has no such item.
 PyObject* itemOf(PyObject* list, Py_ssize_t index)
@@ -177,8 +170,6 @@ void logFailedAllocation(const SxPicBufInfo& info)
 }
 
 } // namespace
-
-bool isList(PyObject* object) { return hasFlag(object, Py_TPFLAGS_LIST_SUBCLASS); }
 
 image_copies::NewImage imported(PyObject* list)
 {

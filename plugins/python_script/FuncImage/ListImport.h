@@ -8,9 +8,6 @@
 
 namespace list_import {
 
-/// Whether an object is a list or of a subclass.
-bool isList(PyObject* object);
-
 /// A picture of a list of lines, of lines of values, or of lines of pixels of values; the first of
 /// each says how long all are. The innermost first value decides the element type: 16 bits for
 /// integers, floats for floats. Other values are left out.

@@ -283,7 +283,7 @@ TEST_F(SettingsFile, ThatIsAPipeIsNeitherWaitedForNorReplaced)
     EXPECT_FALSE(load(pipe));
     EXPECT_FALSE(save(pipe));
     EXPECT_TRUE(QFileInfo::exists(path(pipe)) && !QFileInfo(path(pipe)).isFile());
-    EXPECT_THAT(log.text(), HasSubstr("pipe: it is no file"));
+    EXPECT_THAT(log.text(), HasSubstr("pipe: there is something of that name that is no file"));
 }
 
 TEST_F(SettingsFile, ReplacesAnEarlierOne)
