@@ -10,6 +10,9 @@
 #include <CxImageData.h>
 #include <CxPicBufAPI.h>
 
+#include <algorithm>
+#include <cmath>
+#include <limits>
 #include <new>
 #include <utility>
 
@@ -27,6 +30,13 @@ SxAcquisitionInfo acquisitionInfo(const RawFrame& frame, const SxPicBuf& picture
     info.transportFormat = frame.pixelFormat;
     info.colorFilterArray = picture.colorFilterArray;
     return info;
+}
+
+/// Within the record's range; 0 for what is no number.
+qint32 wholeMicroseconds(double exposure)
+{
+    constexpr double most = std::numeric_limits<qint32>::max();
+    return std::isnan(exposure) ? 0 : static_cast<qint32>(std::clamp(exposure, 0.0, most));
 }
 
 /// Many cameras tell their gain in steps of the converter only, which are no decibels.
@@ -269,7 +279,7 @@ std::unique_ptr<CxImageData> CameraStream::image(ArvBuffer* buffer)
     picture.timestampUs =
         static_cast<qint64>(arv_buffer_get_timestamp(buffer) / nanosecondsPerMicrosecond);
     SxAcquisitionInfo info = acquisitionInfo(frame, picture);
-    info.exposureTimeUs = static_cast<qint32>(m_exposureUs.load());
+    info.exposureTimeUs = wholeMicroseconds(m_exposureUs);
     info.gainDb = static_cast<float>(m_gainDb.load());
     data->setPicBuf(picture);
     data->setAcquisitionInfo(&info);

@@ -546,6 +546,10 @@ TEST_F(ConfusedCamera, HasNoValueForWhatIsNoNumber)
 {
     ASSERT_TRUE(std::isnan(read(camera, "ExposureTimeAbs").toFloat()));
     EXPECT_EQ(read(camera, "exposure_time_us").type(), CxValue::Empty);
+    start(camera);
+    const auto frames = collector.take(1);
+    ASSERT_FALSE(frames.empty());
+    EXPECT_EQ(frames.front()->acquisitionInfo()->exposureTimeUs, 0);
 }
 
 /// A camera whose gain is a number with a fraction.
