@@ -5,6 +5,7 @@
 
 #include "app/CaptureDialog.h"
 #include "app/DialogAnswers.h"
+#include "app/DialogParts.h"
 #include "app/ImageView.h"
 #include "app/LiveStream.h"
 #include "chains/Threshold.h"
@@ -12,6 +13,7 @@
 #include <CxCameraParameters.h>
 
 #include <QtCore/QTimer>
+#include <QtWidgets/QAbstractButton>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QDialog>
 #include <QtWidgets/QLabel>
@@ -69,6 +71,21 @@ protected:
                 whenUp(function);
         });
     }
+    /// The same when the camera's first picture can be seen in it.
+    template<typename Function>
+    void whenSeen(Function function)
+    {
+        whenUp([this, function](QWidget& dialog) {
+            if (captureButton(dialog)->isEnabled())
+                function(dialog);
+            else
+                whenSeen(function);
+        });
+    }
+    static QAbstractButton* captureButton(const QWidget& dialog)
+    {
+        return buttonCalled(QStringLiteral("Capture"), dialog);
+    }
 
     void* camera = nullptr;
 };
@@ -121,11 +138,9 @@ TEST_F(CaptureDialogTest, ShowsTitleAndMessageAsTheyAre)
 TEST_F(CaptureDialogTest, ShowsWhatTheCameraSees)
 {
     QImage shown;
-    whenUp([&](QWidget& dialog) {
-        QTimer::singleShot(500, &dialog, [&] {
-            shown = dialog.grab().toImage();
-            static_cast<QDialog&>(dialog).accept();
-        });
+    whenSeen([&](QWidget& dialog) {
+        shown = dialog.grab().toImage();
+        static_cast<QDialog&>(dialog).accept();
     });
     const Picture picture = ask();
     ASSERT_NE(picture, nullptr);
@@ -169,6 +184,7 @@ TEST_F(CaptureDialogTest, GivesThePictureThroughTheViewsChainWhetherTheViewStrea
 {
     ASSERT_TRUE(app.setCameraAcquisition(true, camera));
     auto& view = dynamic_cast<ImageView&>(*app.view(app.activeViewId()));
+    app.setCameraAcquisition(false, camera); // no frame passes before the element is there
     QDomDocument document;
     QDomElement conf = document.createElement(QStringLiteral("conf"));
     conf.setAttribute(QStringLiteral("level"), 100);
@@ -189,11 +205,9 @@ TEST_F(CaptureDialogTest, TakesThePictureByItselfWhenTheCountdownIsOver)
 {
     EXPECT_NE(ask(0), nullptr);
     QStringList texts;
-    whenUp([&](QWidget& dialog) {
-        QTimer::singleShot(400, &dialog, [&] {
-            for (const QLabel* label : dialog.findChildren<QLabel*>())
-                texts.append(label->text());
-        });
+    whenSeen([&](const QWidget& dialog) {
+        for (const QLabel* label : dialog.findChildren<QLabel*>())
+            texts.append(label->text());
     });
     EXPECT_NE(ask(1), nullptr);
     EXPECT_TRUE(texts.contains(QStringLiteral("The picture is taken in 1 s.")))

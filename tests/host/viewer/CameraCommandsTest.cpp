@@ -57,7 +57,7 @@ TEST_F(CameraCommands, OpenByKey)
     manager().close(camera);
     m_viewer->cameras().list().follow();
     press(Qt::ALT | Qt::Key_F6);
-    EXPECT_TRUE(QTest::qWaitFor([this] { return manager().openedCameraCount() == 1; }));
+    EXPECT_TRUE(handleEventsUntil([this] { return manager().openedCameraCount() == 1; }));
 }
 
 TEST_F(CameraCommands, GoToTheParametersByKeyAlsoInAHiddenPanel)

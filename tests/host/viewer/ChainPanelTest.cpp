@@ -327,7 +327,7 @@ TEST_F(ChainPanelTest, AddsAnElementByKeys)
     });
     chooser.start(20);
     QTest::keyClick(&list(), Qt::Key_Insert);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return list().count() == 1; }));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return list().count() == 1; }, longestMs));
     EXPECT_THAT(names(), ElementsAre("Gaussian Blur"));
 }
 

@@ -113,8 +113,8 @@ TEST_F(Recording, IsMarkedInItsViewWithTheTimeSinceItBegan)
     record(file("marked.avi"));
     EXPECT_TRUE(markOf(view).isVisible());
     EXPECT_THAT(markOf(view).text().toStdString(), HasSubstr("00:00"));
-    EXPECT_TRUE(
-        handleEventsUntil([&] { return markOf(view).text().contains(QStringLiteral("00:01")); }));
+    const QRegularExpression laterTime(QStringLiteral("00:0[1-9]|00:[1-5]"));
+    EXPECT_TRUE(handleEventsUntil([&] { return markOf(view).text().contains(laterTime); }));
     films.endAction()->trigger();
     EXPECT_FALSE(markOf(view).isVisible());
 }
@@ -124,7 +124,7 @@ TEST_F(Recording, OfAScriptIsMarkedToo)
     ImageView& view = startView();
     ASSERT_TRUE(view.startRecording(file("script.avi")));
     EXPECT_TRUE(handleEventsUntil([&] { return markOf(view).isVisible(); }));
-    EXPECT_TRUE(films.endAction()->isEnabled());
+    EXPECT_TRUE(handleEventsUntil([&] { return films.endAction()->isEnabled(); }));
 }
 
 TEST_F(Recording, EndsProperlyWhenItsViewIsClosed)

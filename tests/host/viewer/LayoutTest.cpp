@@ -8,6 +8,8 @@
 
 #include "viewer/window/Theme.h"
 
+#include <QtCore/QDir>
+#include <QtCore/QTemporaryFile>
 #include <QtGui/QFont>
 #include <QtGui/QImage>
 #include <QtWidgets/QApplication>
@@ -78,9 +80,16 @@ protected:
         }
         const QImage kept(path);
         const double difference = differenceOf(seen, kept);
-        EXPECT_LE(difference, mostStrongDifferences) << qPrintable(path);
-        if (difference > mostStrongDifferences)
-            seen.save(name); // for looking at it
+        EXPECT_LE(difference, mostStrongDifferences)
+            << qPrintable(path) << " is not what is seen now: " << qPrintable(keptForALook(seen));
+    }
+    /// The name of a file of its own.
+    static QString keptForALook(const QImage& seen)
+    {
+        QTemporaryFile file(QDir::temp().filePath(QStringLiteral("vistrel-layout-XXXXXX.png")));
+        file.setAutoRemove(false);
+        EXPECT_TRUE(file.open() && seen.save(&file, "PNG"));
+        return file.fileName();
     }
 };
 

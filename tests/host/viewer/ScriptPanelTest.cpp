@@ -178,15 +178,17 @@ TEST_F(Panel, HandlesEventsWhileAScriptPrints)
 
 TEST_F(Panel, ShowsOutputAndSaysThatItRunsWhileTheScriptIsOn)
 {
-    std::string outputMeanwhile;
     std::string statusMeanwhile;
-    QTimer::singleShot(300, [&] {
-        outputMeanwhile = output();
+    QTimer look;
+    QObject::connect(&look, &QTimer::timeout, [&] {
+        if (output() != "begun\n")
+            return;
+        look.stop();
         statusMeanwhile = status();
         m_panel.watch().stop();
     });
+    look.start(10);
     run("import vistrel\nprint('begun')\nvistrel.wait(60)\nprint('ended')\n");
-    EXPECT_EQ(outputMeanwhile, "begun\n");
     EXPECT_THAT(statusMeanwhile, testing::MatchesRegex("New script is running \\([0-9.]+ s\\)"));
     EXPECT_EQ(output(), "begun\n");
 }

@@ -14,7 +14,7 @@ namespace vistrel {
 
 namespace {
 
-constexpr int longEnoughMs = StopWindow::patienceMs + 2000;
+constexpr int longEnoughMs = StopWindow::patienceMs + 30'000;
 
 bool says(const StopWindow& window, const QString& text)
 {

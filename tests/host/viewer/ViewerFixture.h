@@ -3,6 +3,8 @@
 // A whole viewer for a test, with settings of its own.
 #pragma once
 
+#include "../app/AppFixture.h"
+
 #include "app/ImageView.h"
 #include "app/MainWindow.h"
 #include "viewer/scripts/EditorTabs.h"
@@ -12,6 +14,7 @@
 #include <QtCore/QFile>
 #include <QtCore/QSettings>
 #include <QtCore/QTemporaryDir>
+#include <QtCore/QTimer>
 #include <QtGui/QAction>
 #include <QtTest/QTest>
 
@@ -63,6 +66,14 @@ protected:
     void press(const QKeyCombination& keys)
     {
         QTest::keyClick(&m_viewer->window(), keys.key(), keys.keyboardModifiers());
+    }
+    /// Makes a call while the next script runs, as soon as that handles events.
+    template<typename Call>
+    void whenAScriptRuns(Call call)
+    {
+        QObject::connect(
+            &m_viewer->scripts().watch(), &RunWatch::changed, &m_viewer->window(),
+            [call] { QTimer::singleShot(0, call); }, Qt::SingleShotConnection);
     }
     ScriptEditor& editor() { return *m_viewer->scripts().tabs().current(); }
     AppDelegate& delegate() { return m_viewer->host().delegate(); }
