@@ -160,6 +160,8 @@ ROWS = [
                         ("background", "Background Subtraction"), ("average", "Frame Average")]),
     Row("live_view", "live view of 2048 x 2048, 25 a second: of a core for the GUI thread", "",
         PERCENT, amount=0.4),
+    Row("live_view_colours", "the same in colours, `RGB8`", "", PERCENT, amount=0.4),
+    Row("live_view_raw", "the same of raw pixels, `BayerRG8`", "", PERCENT, amount=0.4),
     Row("flood", "longest wait for the window while a script prints 100,000 lines", "",
         MILLISECONDS, amount=0.1),
 ]

@@ -64,13 +64,14 @@ void set(CxCameraParameters& parameters, const char* name, const CxValue& value)
         fail(QStringLiteral("the camera has no %1").arg(QLatin1String(name)));
 }
 
-void* openLargeCamera(CameraManager& cameras)
+void* openLargeCamera(CameraManager& cameras, const char* format)
 {
     QString error;
     void* const camera = cameras.open(QString::fromLatin1(CameraManager::simulatedId), error);
     if (!camera)
         fail(error);
     CxCameraParameters& parameters = *cameras.cameraParameters(camera);
+    set(parameters, "PixelFormat", CxValue::fromString(QString::fromLatin1(format)));
     set(parameters, "width", CxValue::fromInt(side));
     set(parameters, "height", CxValue::fromInt(side));
     set(parameters, "framerate", CxValue::fromFloat(pictureRate));
@@ -103,10 +104,10 @@ private:
 
 /// The share of a core that the GUI thread needs for a live view in a window that is filled by it.
 /// It is counted by pictures: a machine that is too busy for the full rate flatters nothing.
-double shareOfLiveView(Viewer& viewer, int milliseconds)
+double shareOfLiveView(Viewer& viewer, const char* format, int milliseconds)
 {
     AppDelegate& delegate = viewer.host().delegate();
-    void* const camera = openLargeCamera(viewer.host().cameras());
+    void* const camera = openLargeCamera(viewer.host().cameras(), format);
     if (!delegate.setCameraAcquisition(true, camera))
         fail(QStringLiteral("the camera does not start"));
     ImageView& view = *delegate.imageView(delegate.activeViewId());
@@ -122,6 +123,7 @@ double shareOfLiveView(Viewer& viewer, int milliseconds)
     const double used = threadSeconds() - before;
     const auto pictures = static_cast<double>(shown());
     viewer.host().cameras().close(camera);
+    view.closeMdiView();
     return used / pictures * static_cast<double>(pictureRate);
 }
 
@@ -197,5 +199,8 @@ int main(int argc, char** argv)
     for (int round = 1; round < rounds; ++round)
         silence = std::min(silence, longestSilence(viewer, arguments.at(2).toInt()));
     report("flood", silence);
-    report("live_view", shareOfLiveView(viewer, arguments.at(1).toInt() * 1000));
+    const int milliseconds = arguments.at(1).toInt() * 1000;
+    report("live_view", shareOfLiveView(viewer, "Mono8", milliseconds));
+    report("live_view_colours", shareOfLiveView(viewer, "RGB8", milliseconds));
+    report("live_view_raw", shareOfLiveView(viewer, "BayerRG8", milliseconds));
 }

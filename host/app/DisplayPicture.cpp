@@ -26,19 +26,25 @@ SxPicBuf partOf(const SxPicBuf& buffer, const QRect& pixels)
     return part;
 }
 
-bool mayBeHalved(const cv::Mat& pixels, const cv::Size& wanted)
+bool mayBeHalved(const cv::Size& size, const cv::Size& wanted)
 {
-    return pixels.cols % 2 == 0 && pixels.rows % 2 == 0 && pixels.cols >= 2 * wanted.width
-           && pixels.rows >= 2 * wanted.height;
+    return size.width % 2 == 0 && size.height % 2 == 0 && size.width >= 2 * wanted.width
+           && size.height >= 2 * wanted.height;
+}
+
+/// What a picture is reduced to.
+cv::Size wantedSize(const cv::Size& size, const QSize& largest)
+{
+    return {std::clamp(largest.width(), 1, size.width),
+            std::clamp(largest.height(), 1, size.height)};
 }
 
 cv::Mat reduced(const cv::Mat& pixels, const QSize& largest)
 {
-    const cv::Size wanted(std::clamp(largest.width(), 1, pixels.cols),
-                          std::clamp(largest.height(), 1, pixels.rows));
+    const cv::Size wanted = wantedSize(pixels.size(), largest);
     cv::Mat result = pixels;
     // Averaging two by two is many times quicker than by any other factor.
-    while (mayBeHalved(result, wanted)) {
+    while (mayBeHalved(result.size(), wanted)) {
         cv::Mat half;
         cv::resize(result, half, result.size() / 2, 0.0, 0.0, cv::INTER_AREA);
         result = half;
@@ -61,15 +67,29 @@ QImage imageOf(const cv::Mat& pixels, QImage::Format format)
     return ownsPixels ? image : image.copy();
 }
 
+/// Red, green, blue, alpha. What can be is made smaller first: all that follows costs by the pixel.
+cv::Mat reducedColours(const SxPicBuf& buffer, const ValueRange& range, const QSize& largest)
+{
+    const cv::Size size(static_cast<int>(buffer.width), static_cast<int>(buffer.height));
+    cv::Mat colours;
+    if (isRaw(buffer) && mayBeHalved(size, wantedSize(size, largest))) {
+        cv::cvtColor(reduced(coloursOfCells(buffer, range), largest), colours, cv::COLOR_RGB2RGBA);
+    } else if (!isPacked(buffer) && (buffer.channels == 3 || buffer.channels == 4)) {
+        convertBytesToRgba(buffer, reduced(bytesOf(buffer, range), largest), colours);
+    } else {
+        convertToRgba(buffer, range, colours);
+        return reduced(colours, largest);
+    }
+    return colours;
+}
+
 QImage convertedPart(const SxPicBuf& part, const ValueRange& range, const QSize& largest)
 {
     const AlignedPicture aligned(part);
     if (isShownGrey(part))
         return imageOf(reduced(bytesOf(aligned.buffer(), range), largest),
                        QImage::Format_Grayscale8);
-    cv::Mat colors;
-    convertToRgba(aligned.buffer(), range, colors);
-    return imageOf(reduced(colors, largest), QImage::Format_RGBX8888);
+    return imageOf(reducedColours(aligned.buffer(), range, largest), QImage::Format_RGBX8888);
 }
 
 } // namespace

@@ -8,6 +8,7 @@
 
 #include <opencv2/imgproc.hpp>
 
+#include <array>
 #include <optional>
 
 namespace vistrel {
@@ -65,6 +66,27 @@ std::optional<int> demosaicingOf(const SxPicBuf& buffer)
     }
 }
 
+/// Where the colours are in a cell of a filter, counted from left to right and downwards.
+struct CellPlaces {
+    std::size_t red;
+    std::array<std::size_t, 2> greens;
+    std::size_t blue;
+};
+
+CellPlaces placesOf(ExColorFilterArray filter)
+{
+    switch (filter) {
+    case ExColorFilterArray::BGGR:
+        return {3, {1, 2}, 0};
+    case ExColorFilterArray::GRBG:
+        return {1, {0, 3}, 2};
+    case ExColorFilterArray::GBRG:
+        return {2, {0, 3}, 1};
+    default:
+        return {0, {1, 2}, 3};
+    }
+}
+
 void convertMonoOrRaw(const SxPicBuf& buffer, const cv::Mat& values, cv::Mat& target)
 {
     const auto demosaicing = demosaicingOf(buffer);
@@ -82,9 +104,14 @@ ValueRange fullRange(const SxPicBuf& buffer)
     return {0.0, static_cast<double>(fullScale(significantBits(buffer)))};
 }
 
+bool isRaw(const SxPicBuf& buffer)
+{
+    return buffer.channels == 1 && !isPacked(buffer) && demosaicingOf(buffer);
+}
+
 bool isShownGrey(const SxPicBuf& buffer)
 {
-    return buffer.channels == 1 && !isPacked(buffer) && !demosaicingOf(buffer);
+    return buffer.channels == 1 && !isPacked(buffer) && !isRaw(buffer);
 }
 
 cv::Mat bytesOf(const SxPicBuf& buffer, const ValueRange& range)
@@ -100,25 +127,43 @@ cv::Mat bytesOf(const SxPicBuf& buffer, const ValueRange& range)
 
 void convertToRgba(const SxPicBuf& buffer, const ValueRange& range, cv::Mat& target)
 {
-    if (isPacked(buffer)) {
-        // Red is in the high bits; OpenCV calls that BGR565.
+    // Red is in the high bits; OpenCV calls that BGR565.
+    if (isPacked(buffer))
         cv::cvtColor(matOver(buffer, CV_8U, 2), target, cv::COLOR_BGR5652RGBA);
-        return;
-    }
-    const cv::Mat values = bytesOf(buffer, range);
-    if (buffer.channels == 4 && buffer.isRgb) {
-        values.copyTo(target);
-    } else if (buffer.channels == 4) {
-        cv::cvtColor(values, target, cv::COLOR_BGRA2RGBA);
-    } else if (buffer.channels == 3) {
-        cv::cvtColor(values, target, buffer.isRgb ? cv::COLOR_RGB2RGBA : cv::COLOR_BGR2RGBA);
-    } else if (buffer.channels == 1) {
-        convertMonoOrRaw(buffer, values, target);
+    else
+        convertBytesToRgba(buffer, bytesOf(buffer, range), target);
+}
+
+void convertBytesToRgba(const SxPicBuf& layout, const cv::Mat& bytes, cv::Mat& target)
+{
+    if (layout.channels == 4 && layout.isRgb) {
+        bytes.copyTo(target);
+    } else if (layout.channels == 4) {
+        cv::cvtColor(bytes, target, cv::COLOR_BGRA2RGBA);
+    } else if (layout.channels == 3) {
+        cv::cvtColor(bytes, target, layout.isRgb ? cv::COLOR_RGB2RGBA : cv::COLOR_BGR2RGBA);
+    } else if (layout.channels == 1) {
+        convertMonoOrRaw(layout, bytes, target);
     } else {
         cv::Mat first;
-        cv::extractChannel(values, first, 0);
+        cv::extractChannel(bytes, first, 0);
         cv::cvtColor(first, target, cv::COLOR_GRAY2RGBA);
     }
+}
+
+cv::Mat coloursOfCells(const SxPicBuf& buffer, const ValueRange& range)
+{
+    cv::Mat bytes = bytesOf(buffer, range);
+    const cv::Size cells = bytes.size() / 2;
+    std::array<cv::Mat, 4> places; // of a cell: its upper line, its lower line
+    cv::split(cv::Mat(cells, CV_8UC2, bytes.ptr(0), 2 * bytes.step), places.data());
+    cv::split(cv::Mat(cells, CV_8UC2, bytes.ptr(1), 2 * bytes.step), places.data() + 2);
+    const CellPlaces place = placesOf(buffer.colorFilterArray);
+    std::array<cv::Mat, 3> colours = {places[place.red], cv::Mat(), places[place.blue]};
+    cv::addWeighted(places[place.greens[0]], 0.5, places[place.greens[1]], 0.5, 0.0, colours[1]);
+    cv::Mat result;
+    cv::merge(colours.data(), colours.size(), result);
+    return result;
 }
 
 } // namespace vistrel

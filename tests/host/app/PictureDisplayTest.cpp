@@ -90,6 +90,45 @@ TEST_F(PictureDisplay, ShowsTheColoursOfRawPicturesAtAnyPlace)
     }
 }
 
+TEST_F(PictureDisplay, ShowsTheColoursOfRawPicturesThatAreMadeSmaller)
+{
+    const QList<std::pair<ExColorFilterArray, QColor>> filters = {
+        {ExColorFilterArray::RGGB, QColor(200, 0, 0)},
+        {ExColorFilterArray::GRBG, QColor(0, 100, 0)},
+        {ExColorFilterArray::GBRG, QColor(0, 100, 0)},
+        {ExColorFilterArray::BGGR, QColor(0, 0, 200)}};
+    for (const auto& [filter, colour] : filters) {
+        auto raw = redRawImage(1200, 600); // the first pixel of each cell has light
+        raw->picBuf()->colorFilterArray = filter;
+        show(std::move(raw));
+        EXPECT_EQ(paintedAt({100, 50}), colour) << static_cast<int>(filter);
+    }
+    auto raw = redRawImage(1200, 600);
+    raw->picBuf()->colorFilterArray = ExColorFilterArray::GRBG;
+    for (unsigned y = 1; y < 600; y += 2)
+        for (unsigned x = 0; x < 1200; x += 2)
+            setValueAt<quint8>(*raw->picBuf(), y, x, 80);
+    show(std::move(raw));
+    EXPECT_EQ(paintedAt({100, 50}), QColor(0, 100, 80));
+}
+
+TEST_F(PictureDisplay, ShowsThePlacesOfColoursThatAreMadeSmaller)
+{
+    for (const unsigned channels : {3U, 4U}) {
+        for (const bool isRgb : {true, false}) {
+            auto colours = makeImage(1200, 600, 0, ExImageDataType::UInt8, 8, channels);
+            SxPicBuf& buffer = *colours->picBuf();
+            buffer.isRgb = isRgb;
+            for (unsigned y = 0; y < 600; ++y)
+                for (unsigned x = 0; x < 600; ++x)
+                    setValueAt<quint8>(buffer, y, std::size_t{x} * channels, 250);
+            show(std::move(colours));
+            EXPECT_EQ(paintedAt({30, 50}), isRgb ? QColor(250, 0, 0) : QColor(0, 0, 250));
+            EXPECT_EQ(paintedAt({170, 50}), QColor(0, 0, 0));
+        }
+    }
+}
+
 TEST_F(PictureDisplay, ShowsColoursInTheirOrder)
 {
     auto colours = makeImage(4, 4, 0, ExImageDataType::UInt8, 8, 3);
