@@ -90,14 +90,6 @@ bool EditorTabs::open(const QString& path)
     return true;
 }
 
-void EditorTabs::openWithDialog()
-{
-    const QString folder = QFileInfo(current()->filePath()).path();
-    for (const QString& path :
-         QFileDialog::getOpenFileNames(this, tr("Open scripts"), folder, fileFilter()))
-        open(path);
-}
-
 bool EditorTabs::save()
 {
     ScriptEditor& editor = *current();

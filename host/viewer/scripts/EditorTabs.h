@@ -28,8 +28,6 @@ public:
     ScriptEditor* newScript();
     /// Opens a file, or shows its tab when it is open already. False when it cannot be read.
     bool open(const QString& path);
-    /// Asks for files and opens them.
-    void openWithDialog();
     /// Saves the current script, asking for a name when it has none. False when it was not saved.
     bool save();
     bool saveAs();

@@ -3,6 +3,7 @@
 // Set-up of the editor component, files, and what it does with whole lines.
 #include "viewer/scripts/ScriptEditor.h"
 
+#include "app/ScriptFile.h"
 #include "core/FileReplacement.h"
 #include "viewer/scripts/ApiCompletion.h"
 #include "viewer/scripts/PythonColours.h"
@@ -11,13 +12,13 @@
 #include <Qsci/qscilexerpython.h>
 
 #include <QtCore/QEvent>
-#include <QtCore/QFile>
 #include <QtCore/QFileInfo>
 #include <QtGui/QAction>
 #include <QtGui/QFontDatabase>
 #include <QtGui/QKeyEvent>
 
 #include <algorithm>
+#include <optional>
 
 namespace vistrel {
 
@@ -128,12 +129,14 @@ QString ScriptEditor::title() const
 
 bool ScriptEditor::load(const QString& path, QString& error)
 {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        error = tr("%1 cannot be read: %2").arg(path, file.errorString());
+    // Not what it can make of any bytes: the next save would spoil the others.
+    QString reason;
+    const std::optional<QString> script = readScriptFile(path, reason);
+    if (!script) {
+        error = tr("%1 cannot be read: %2").arg(path, reason);
         return false;
     }
-    setText(QString::fromUtf8(file.readAll()));
+    setText(*script);
     convertEols(EolUnix);
     m_filePath = QFileInfo(path).absoluteFilePath();
     setModified(false);

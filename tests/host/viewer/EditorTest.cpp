@@ -82,6 +82,18 @@ TEST_F(Editor, SaysWhyAFileIsNotOpened)
     EXPECT_EQ(m_tabs.count(), 1);
 }
 
+TEST_F(Editor, LeavesAFileAloneThatSavingWouldSpoil)
+{
+    const QString path = writeFile(QStringLiteral("latin.py"), "# gr\xf6\xdf"
+                                                               "e\n");
+    DialogClicker clicker({QStringLiteral("OK")});
+    EXPECT_FALSE(m_tabs.open(path));
+    EXPECT_THAT(clicker.texts().join(u'\n').toStdString(),
+                testing::HasSubstr("latin.py cannot be read: it is not UTF-8"));
+    EXPECT_EQ(editor().text(), QString());
+    EXPECT_EQ(m_tabs.openFiles(), QStringList());
+}
+
 TEST_F(Editor, SavesWhatWasTyped)
 {
     const QString path = writeFile(QStringLiteral("a.py"), "1\n");
