@@ -96,6 +96,8 @@ bool PictureMouse::eventFilter(QObject* object, QEvent* event)
 
 void PictureMouse::zoom(QWheelEvent& event)
 {
+    if (event.angleDelta().y() == 0) // sideways, or a touchpad that begins or ends
+        return;
     m_zoomPan.zoomBy(std::pow(zoomPerNotch, event.angleDelta().y() / angleOfNotch),
                      event.position());
     Q_EMIT moved();

@@ -3,7 +3,9 @@
 // Reads one pixel of any type.
 #include "app/PixelText.h"
 
+#include "core/ChannelNames.h"
 #include "core/Packed565.h"
+#include "core/PicBufView.h"
 
 #include <SxPicBuf.h>
 
@@ -54,32 +56,33 @@ QString channelText(const quint8* pixel, ExImageDataType type, quint32 channel)
     return {};
 }
 
-QString channelName(const SxPicBuf& buffer, quint32 channel)
-{
-    if (buffer.channels < 3 || channel > 3)
-        return {};
-    const char* const names = buffer.isRgb ? "RGBA" : "BGRA";
-    return QChar::fromLatin1(names[channel]) + QStringLiteral(" ");
-}
-
-QString packedText(const quint8* pixel)
+QStringList packedTexts(const quint8* pixel)
 {
     quint16 word = 0;
     std::memcpy(&word, pixel, sizeof word);
-    return QStringLiteral("R %1, G %2, B %3")
-        .arg(packed565::valueOf(word, 0))
-        .arg(packed565::valueOf(word, 1))
-        .arg(packed565::valueOf(word, 2));
+    QStringList texts;
+    for (std::size_t colour = 0; colour < packed565::colors; ++colour)
+        texts.append(QString::number(packed565::valueOf(word, colour)));
+    return texts;
 }
 
+QStringList channelTexts(const SxPicBuf& buffer, const quint8* pixel)
+{
+    QStringList texts;
+    for (quint32 channel = 0; channel < buffer.channels; ++channel)
+        texts.append(channelText(pixel, buffer.dataType, channel));
+    return texts;
+}
+
+/// The values of colours stand behind the colours' letters.
 QString valuesText(const SxPicBuf& buffer, const quint8* pixel)
 {
-    if (buffer.dataType == ExImageDataType::Packed565)
-        return packedText(pixel);
-    QStringList values;
-    for (quint32 channel = 0; channel < buffer.channels; ++channel)
-        values.append(channelName(buffer, channel) + channelText(pixel, buffer.dataType, channel));
-    return values.join(QStringLiteral(", "));
+    QStringList texts = isPacked(buffer) ? packedTexts(pixel) : channelTexts(buffer, pixel);
+    const QStringList names = channelNames(buffer);
+    const bool areColours = names.size() == 3 || names.size() == 4;
+    for (qsizetype i = 0; areColours && i < texts.size(); ++i)
+        texts[i].prepend(names.value(i).first(1) + u' ');
+    return texts.join(QStringLiteral(", "));
 }
 
 } // namespace

@@ -37,6 +37,15 @@ TEST_F(PictureMouseTest, WheelZoomsAndKeepsThePixelBelowTheCursor)
     EXPECT_EQ(widget.zoomPan().pixelAt(cursor), before);
 }
 
+TEST_F(PictureMouseTest, WheelThatTurnsSidewaysLeavesThePictureFitted)
+{
+    show(400, 200);
+    QWheelEvent event(QPoint(61, 33), widget.mapToGlobal(QPoint(61, 33)), QPoint(), QPoint(120, 0),
+                      Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(&widget, &event);
+    EXPECT_TRUE(widget.zoomPan().isFitted());
+}
+
 TEST_F(PictureMouseTest, DragMovesAnEnlargedPicture)
 {
     show(400, 200);
