@@ -58,7 +58,8 @@ void FullScreen::enter()
         dock->hide();
     for (QToolBar* bar : m_window.findChildren<QToolBar*>())
         bar->hide();
-    m_window.menuBar()->hide();
+    // Not hidden: for want of a menu bar a view that fills the area would have a title bar.
+    m_window.menuBar()->setMaximumHeight(0);
     m_window.statusBar()->hide();
     QMdiSubWindow* active = m_window.area()->activeSubWindow();
     m_maximized = active && !active->isMaximized() ? active : nullptr;
@@ -72,7 +73,7 @@ void FullScreen::leave()
     m_delegate.setFullScreen(false);
     if (m_maximized)
         m_maximized->showNormal();
-    m_window.menuBar()->show();
+    m_window.menuBar()->setMaximumHeight(QWIDGETSIZE_MAX);
     m_window.statusBar()->show();
     m_window.restoreState(m_layout);
 }
