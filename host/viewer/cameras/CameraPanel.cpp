@@ -6,17 +6,21 @@
 #include "app/HostApplication.h"
 #include "app/ImageView.h"
 #include "app/LiveStream.h"
+#include "core/LongWork.h"
 #include "viewer/cameras/CameraList.h"
 #include "viewer/cameras/ParameterPanel.h"
 #include "viewer/cameras/ParameterRow.h"
 
 #include <QtCore/QPointer>
+#include <QtCore/QTimer>
 #include <QtGui/QAction>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QSplitter>
 #include <QtWidgets/QToolBar>
 #include <QtWidgets/QVBoxLayout>
+
+#include <utility>
 
 namespace vistrel {
 
@@ -38,6 +42,8 @@ CameraPanel::CameraPanel(HostApplication& host, QWidget* parent)
             });
     follow();
 }
+
+CameraPanel::~CameraPanel() = default;
 
 void CameraPanel::makeCommands()
 {
@@ -63,6 +69,9 @@ void CameraPanel::makeCommands()
     m_commands[Start]->setIconText(tr("Start"));
     m_commands[Stop]->setIconText(tr("Stop"));
     m_commands[Close]->setIconText(tr("Close"));
+    m_commands[DrawRegion]->setIconText(tr("Region"));
+    m_commands[SaveSettings]->setIconText(tr("Save"));
+    m_commands[LoadSettings]->setIconText(tr("Load"));
 }
 
 void CameraPanel::makeCommand(Command command, const QString& text, const QString& help, Work work)
@@ -112,8 +121,8 @@ void CameraPanel::follow()
 {
     void* const camera = m_list->currentCamera();
     const bool isLive = m_host.cameras().isStreaming(camera);
-    m_commands[Find]->setEnabled(!m_isBusy);
-    m_commands[Open]->setEnabled(!m_isBusy && !camera && !m_list->currentId().isEmpty());
+    m_commands[Find]->setEnabled(!m_work);
+    m_commands[Open]->setEnabled(!m_work && !camera && !m_list->currentId().isEmpty());
     m_commands[Start]->setEnabled(camera && !isLive);
     m_commands[Stop]->setEnabled(isLive);
     m_commands[DrawRegion]->setEnabled(isLive);
@@ -129,30 +138,49 @@ void CameraPanel::followView(int id)
         m_list->setCurrentCamera(view->stream()->camera());
 }
 
+// A panel behind another one counts as shown, too, but is not painted.
+void CameraPanel::paintEvent(QPaintEvent* event)
+{
+    QWidget::paintEvent(event);
+    if (std::exchange(m_hasLooked, true))
+        return;
+    QTimer::singleShot(0, this, [this] {
+        if (!m_work)
+            look(false);
+    });
+}
+
 void CameraPanel::find()
 {
-    m_isBusy = true;
     say(tr("Looking for cameras ..."));
+    look(true);
+}
+
+void CameraPanel::look(bool isAsked)
+{
+    m_hasLooked = true;
+    m_work = std::make_unique<LongWork>(tr("Looking for cameras"));
     follow();
     m_host.cameras().discoverInBackground(
-        [panel = QPointer(this)](std::vector<CameraListing> found) {
+        [panel = QPointer(this), isAsked](std::vector<CameraListing> found) {
             if (panel)
-                panel->showFound(std::move(found));
+                panel->showFound(std::move(found), isAsked);
         });
 }
 
-void CameraPanel::showFound(std::vector<CameraListing> found)
+void CameraPanel::showFound(std::vector<CameraListing> found, bool isAsked)
 {
-    m_isBusy = false;
-    say(found.size() == 1 ? tr("One camera was found.")
-                          : tr("%1 cameras were found.").arg(found.size()));
+    m_work.reset();
+    if (isAsked)
+        say(found.size() == 1 ? tr("One camera was found.")
+                              : tr("%1 cameras were found.").arg(found.size()));
     m_list->showFound(std::move(found));
     follow();
 }
 
 void CameraPanel::open()
 {
-    m_isBusy = true;
+    m_work = std::make_unique<LongWork>(tr("Opening camera %1").arg(m_list->currentId()));
     say(tr("Opening the camera ..."));
     follow();
     m_host.cameras().openInBackground(m_list->currentId(),
@@ -164,7 +192,7 @@ void CameraPanel::open()
 
 void CameraPanel::showOpened(void* camera, const QString& error)
 {
-    m_isBusy = false;
+    m_work.reset();
     say({});
     if (camera)
         m_list->setCurrentCamera(camera);

@@ -6,6 +6,7 @@
 #include <QtWidgets/QWidget>
 
 #include <array>
+#include <memory>
 #include <vector>
 
 class QAction;
@@ -16,10 +17,13 @@ namespace vistrel {
 
 class CameraList;
 class HostApplication;
+class ImageView;
+class LongWork;
 class ParameterPanel;
 struct CameraListing;
 
-/// Its commands are for menus, too; they are enabled while they make sense.
+/// Its commands are for menus, too; they are enabled while they make sense. When it is first seen
+/// it looks for cameras by itself.
 class CameraPanel : public QWidget {
     Q_OBJECT
 
@@ -40,6 +44,7 @@ public:
 
     /// The host must outlive the panel.
     explicit CameraPanel(HostApplication& host, QWidget* parent = nullptr);
+    ~CameraPanel() override;
 
     QAction* command(Command command) const { return m_commands[command]; }
     CameraList& list() { return *m_list; }
@@ -50,6 +55,9 @@ public:
 Q_SIGNALS:
     /// Somebody wants to use the panel, which may be hidden.
     void wanted();
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
 
 private:
     using Work = void (CameraPanel::*)();
@@ -63,16 +71,17 @@ private:
     void followView(int id);
 
     void find();
-    void showFound(std::vector<CameraListing> found);
+    void look(bool isAsked);
+    void showFound(std::vector<CameraListing> found, bool isAsked);
     void open();
     void showOpened(void* camera, const QString& error);
     void start();
     void stop();
     void close();
     void drawRegion();
-    void setDrawnRegion(const QRect& drawn);
+    void setDrawnRegion(ImageView& view, const QRect& drawn);
     void setWholeSensor();
-    void sayRegion(const QString& refusal);
+    void sayRegion(void* camera, const QString& refusal);
     void saveSettings();
     void loadSettings();
     void filterParameters();
@@ -86,7 +95,8 @@ private:
     ParameterPanel* m_parameters;
     QLabel* m_message;
     std::array<QAction*, CommandCount> m_commands{};
-    bool m_isBusy = false; ///< looks for cameras, or opens one
+    std::unique_ptr<LongWork> m_work; ///< while it looks for cameras, or opens one
+    bool m_hasLooked = false;
 };
 
 } // namespace vistrel

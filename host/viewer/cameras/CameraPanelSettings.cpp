@@ -3,6 +3,7 @@
 // The panel's commands for a camera's region and for its settings as a whole.
 #include "app/HostApplication.h"
 #include "app/ImageView.h"
+#include "app/LiveStream.h"
 #include "cameras/CameraFeatures.h"
 #include "viewer/cameras/CameraList.h"
 #include "viewer/cameras/CameraPanel.h"
@@ -51,7 +52,8 @@ void CameraPanel::drawRegion()
     if (!view)
         return;
     m_host.delegate().activateView(view->id());
-    view->drawRectangle(this, [this](const QRect& drawn) { setDrawnRegion(drawn); });
+    // Until it is drawn another camera may become the current one.
+    view->drawRectangle(this, [this, view](const QRect& drawn) { setDrawnRegion(*view, drawn); });
     const QString request = tr("Draw the region in the picture. Escape leaves it as it is.");
     say(request);
     const auto endRequest = [this, request] {
@@ -61,36 +63,38 @@ void CameraPanel::drawRegion()
     connect(view, &ImageView::rectangleModeChanged, this, endRequest, Qt::SingleShotConnection);
 }
 
-void CameraPanel::setDrawnRegion(const QRect& drawn)
+void CameraPanel::setDrawnRegion(ImageView& view, const QRect& drawn)
 {
-    void* const camera = m_list->currentCamera();
-    ImageView* const view = m_host.delegate().liveView(camera);
-    if (!view)
-        return;
-    const QString mover = elementThatMovesPixels(view->chain());
-    const QRect now = m_host.cameras().cameraParameters(camera)->currentROIRectParams();
-    const QRect region = regionOnSensor(drawn, view->pictureSize(), now);
+    void* const camera = view.stream()->camera();
+    CxCameraParameters* const parameters = m_host.cameras().cameraParameters(camera);
+    if (!parameters)
+        return warn(tr("The region was not set: the camera is not open any more."));
+    const QString mover = elementThatMovesPixels(view.chain());
+    const QRect region =
+        regionOnSensor(drawn, view.pictureSize(), parameters->currentROIRectParams());
     if (!mover.isEmpty())
         warn(tr("The view's chain moves pixels: switch %1 off to draw a region.").arg(mover));
     else if (region.isEmpty())
         warn(tr("What was drawn is no part of what the camera sends."));
     else
-        sayRegion(m_host.cameras().features(camera)->setRegion(region).reason);
+        sayRegion(camera, m_host.cameras().features(camera)->setRegion(region).reason);
 }
 
+// The list may not have noticed yet that a script has closed the camera.
 void CameraPanel::setWholeSensor()
 {
-    sayRegion(m_host.cameras().features(m_list->currentCamera())->setWholeSensor().reason);
+    void* const camera = m_list->currentCamera();
+    if (CameraFeatures* const features = m_host.cameras().features(camera))
+        sayRegion(camera, features->setWholeSensor().reason);
 }
 
-// The camera has its own steps, so that it is told what the region has become.
-void CameraPanel::sayRegion(const QString& refusal)
+// The camera has its own steps, so that its user is told what the region has become.
+void CameraPanel::sayRegion(void* camera, const QString& refusal)
 {
     m_parameters->refreshSoon();
     if (!refusal.isEmpty())
         return warn(tr("The region was not set: %1.").arg(refusal));
-    const QRect region =
-        m_host.cameras().cameraParameters(m_list->currentCamera())->currentROIRectParams();
+    const QRect region = m_host.cameras().cameraParameters(camera)->currentROIRectParams();
     say(tr("The camera sends %1 x %2 pixels from (%3, %4) on.")
             .arg(region.width())
             .arg(region.height())

@@ -29,6 +29,19 @@ constexpr qint64 stretchMs = 12;
 constexpr int pauseMs = 50;
 constexpr qint64 freshMs = 1000;
 
+/// The features below each heading; they come in the headings' order.
+std::vector<std::pair<QString, std::vector<FeatureDescription>>>
+byCategory(std::vector<FeatureDescription> features)
+{
+    std::vector<std::pair<QString, std::vector<FeatureDescription>>> groups;
+    for (FeatureDescription& feature : features) {
+        if (groups.empty() || groups.back().first != feature.category)
+            groups.emplace_back(feature.category, std::vector<FeatureDescription>());
+        groups.back().second.push_back(std::move(feature));
+    }
+    return groups;
+}
+
 } // namespace
 
 ParameterPanel::ParameterPanel(CameraManager& cameras, QWidget* parent)
@@ -92,16 +105,36 @@ void ParameterPanel::showCamera(void* cameraHandle)
         rebuild();
 }
 
-// By the old content's own open headings: they are likely to be wanted of the next camera, too.
 void ParameterPanel::rebuild()
+{
+    rememberOpenGroups();
+    m_groups.clear();
+    m_stale.clear();
+    QVBoxLayout& layout = emptyArea();
+    const CameraFeatures* features = m_cameras.features(m_camera);
+    m_nothing->setVisible(!features);
+    m_area->setVisible(features);
+    if (!features)
+        return;
+    const auto level = static_cast<CxCameraParam::ExVisibility>(m_visibility->currentIndex() + 1);
+    for (auto& [category, descriptions] : byCategory(features->describeFeatures(level)))
+        addGroup(category, std::move(descriptions));
+    layout.addStretch(1);
+    applyFilter();
+}
+
+// They are likely to be wanted of the next camera, too.
+void ParameterPanel::rememberOpenGroups()
 {
     for (const ParameterGroup* group : m_groups) {
         m_openGroups.removeAll(group->objectName());
         if (group->isOpen())
             m_openGroups.append(group->objectName());
     }
-    m_groups.clear();
-    m_stale.clear();
+}
+
+QVBoxLayout& ParameterPanel::emptyArea()
+{
     auto* content = new QWidget;
     auto* layout = new QVBoxLayout(content);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -110,22 +143,7 @@ void ParameterPanel::rebuild()
     if (QWidget* old = m_area->takeWidget())
         old->deleteLater();
     m_area->setWidget(content);
-    CameraFeatures* features = m_cameras.features(m_camera);
-    m_nothing->setVisible(!features);
-    m_area->setVisible(features);
-    if (!features)
-        return;
-    const auto level = static_cast<CxCameraParam::ExVisibility>(m_visibility->currentIndex() + 1);
-    std::vector<std::pair<QString, std::vector<FeatureDescription>>> groups;
-    for (FeatureDescription& feature : features->describeFeatures(level)) {
-        if (groups.empty() || groups.back().first != feature.category)
-            groups.emplace_back(feature.category, std::vector<FeatureDescription>());
-        groups.back().second.push_back(std::move(feature));
-    }
-    for (auto& [category, descriptions] : groups)
-        addGroup(category, std::move(descriptions));
-    layout->addStretch(1);
-    applyFilter();
+    return *layout;
 }
 
 void ParameterPanel::addGroup(const QString& category, std::vector<FeatureDescription> features)
@@ -214,8 +232,9 @@ void ParameterPanel::work()
         m_sinceRound.start();
     }
     while (!m_stale.empty() && !stretch.hasExpired(stretchMs)) {
-        readRow(m_stale.back());
+        ParameterRow* const row = m_stale.back();
         m_stale.pop_back();
+        readRow(row);
     }
     m_timer.start(pauseMs);
 }

@@ -16,6 +16,7 @@ class QComboBox;
 class QLabel;
 class QLineEdit;
 class QScrollArea;
+class QVBoxLayout;
 
 namespace vistrel {
 
@@ -55,6 +56,8 @@ private:
     void layOut();
     void restoreVisibility();
     void rebuild();
+    void rememberOpenGroups();
+    QVBoxLayout& emptyArea();
     void addGroup(const QString& category, std::vector<FeatureDescription> features);
     void applyFilter();
     void change(ParameterRow* row, const NodeValue& value);

@@ -39,6 +39,8 @@ protected:
         window->show();
         panel.resize(420, 900);
         panel.show();
+        // It looks for cameras by itself.
+        EXPECT_TRUE(reaches(QStringLiteral("found")));
     }
 
     void click(CameraPanel::Command command)
@@ -102,8 +104,32 @@ protected:
 
 } // namespace
 
+TEST_F(CameraDock, LooksForCamerasWhenItIsFirstSeen)
+{
+    EXPECT_EQ(state(), QStringLiteral("found"));
+    EXPECT_EQ(panel.message(), QString());
+    panel.hide();
+    panel.show();
+    EXPECT_TRUE(isOffered(CameraPanel::Find)); // and not again
+}
+
+TEST_F(CameraDock, HasRoomForAllItsButtons)
+{
+    panel.resize(320, 900); // narrower than the window makes it
+    const auto unseen = [this] {
+        QStringList texts;
+        for (const QToolButton* button : panel.findChildren<QToolButton*>())
+            if (button->defaultAction() && !button->isVisible())
+                texts.append(button->defaultAction()->text());
+        return texts;
+    };
+    EXPECT_TRUE(handleEventsUntil([&] { return unseen().isEmpty(); }))
+        << qPrintable(unseen().join(u'|'));
+}
+
 TEST_F(CameraDock, ListsTheCamerasThatAreFound)
 {
+    panel.list().showFound({});
     click(CameraPanel::Find);
     EXPECT_FALSE(isOffered(CameraPanel::Find)); // while it looks
     ASSERT_TRUE(reaches(QStringLiteral("found")));
@@ -202,6 +228,41 @@ TEST_F(CameraDock, SetsTheRegionThatIsDrawnInThePicture)
                                    .arg(region.x())
                                    .arg(region.y()));
     EXPECT_TRUE(handleEventsUntil([&] { return view.pictureSize() == region.size(); }));
+}
+
+TEST_F(CameraDock, SetsTheRegionOfTheCameraInWhosePictureItIsDrawn)
+{
+    open();
+    parameters().setROIRectParams(0, 0, 512, 512, true);
+    ImageView& view = startView();
+    panel.list().showFound({{QStringLiteral("other"), {}, QStringLiteral("Other"), {}},
+                            {sim, {}, QStringLiteral("Fake"), QStringLiteral("1")}});
+    panel.list().setCurrentItem(item(sim));
+    click(CameraPanel::DrawRegion);
+    panel.list().setCurrentItem(item(QStringLiteral("other")));
+    drag(view, QPoint(64, 32), QPoint(320, 288));
+    EXPECT_NEAR(parameters().currentROIRectParams().width(), 256, 5);
+    EXPECT_THAT(panel.message().toStdString(), HasSubstr("The camera sends"));
+}
+
+TEST_F(CameraDock, SaysThatTheCameraIsGoneWhenARegionIsDrawnTooLate)
+{
+    open();
+    ImageView& view = startView();
+    click(CameraPanel::DrawRegion);
+    host.cameras().close(camera);
+    drag(view, QPoint(64, 32), QPoint(320, 288));
+    EXPECT_THAT(panel.message().toStdString(), HasSubstr("not open any more"));
+}
+
+TEST_F(CameraDock, LeavesACameraAloneThatAScriptHasJustClosed)
+{
+    open();
+    host.cameras().close(camera); // the list looks again a little later
+    for (const auto command : {CameraPanel::WholeSensor, CameraPanel::Stop, CameraPanel::Close,
+                               CameraPanel::FilterParameters})
+        panel.command(command)->trigger();
+    EXPECT_TRUE(reaches(QStringLiteral("found")));
 }
 
 TEST_F(CameraDock, LeavesTheRegionWhenNothingIsDrawn)
