@@ -14,16 +14,9 @@
 #include <QtWidgets/QMdiArea>
 #include <QtWidgets/QMdiSubWindow>
 
-#include <algorithm>
 #include <utility>
 
 namespace vistrel {
-
-namespace {
-
-constexpr qsizetype recentFilesKept = 10;
-
-} // namespace
 
 AppDelegate::AppDelegate(CameraManager& cameras)
     : m_cameras(cameras)
@@ -93,7 +86,7 @@ bool AppDelegate::openFile(const QString& path, bool addRecent)
         return false;
     openView(QFileInfo(path).fileName(), std::move(image));
     if (addRecent)
-        rememberFile(path);
+        Q_EMIT fileUsed(path);
     return true;
 }
 
@@ -167,13 +160,6 @@ void AppDelegate::followArea(QMdiSubWindow* activated)
     // The area reports that none is active also when the whole window is left: that is ignored.
     if (activated)
         setActive(qobject_cast<ImageView*>(activated->widget()));
-}
-
-void AppDelegate::rememberFile(const QString& path)
-{
-    m_recentFiles.removeAll(path);
-    m_recentFiles.prepend(path);
-    m_recentFiles = m_recentFiles.first(std::min(m_recentFiles.size(), recentFilesKept));
 }
 
 } // namespace vistrel

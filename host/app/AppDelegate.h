@@ -9,7 +9,6 @@
 #include <IxAppDelegate.h>
 
 #include <QtCore/QObject>
-#include <QtCore/QStringList>
 
 #include <functional>
 #include <memory>
@@ -57,8 +56,6 @@ public:
     ImageView* imageView(int id) const { return m_views.find(id); }
     /// The view that shows an opened camera, null when none does.
     ImageView* liveView(void* cameraHandle) const;
-    /// Files opened last, the newest first.
-    const QStringList& recentFiles() const { return m_recentFiles; }
     Sounds& sounds() { return m_sounds; }
 
 Q_SIGNALS:
@@ -67,6 +64,8 @@ Q_SIGNALS:
     void viewClosed(ImageView* view);
     /// -1 stands for none.
     void activeViewChanged(int id);
+    /// A picture's file was opened that is to join the recent ones.
+    void fileUsed(const QString& path);
     /// A script has told the user something.
     void notified(const QString& text);
 
@@ -79,7 +78,6 @@ private:
     void setActive(ImageView* view);
     void tellActiveView();
     void followArea(QMdiSubWindow* activated);
-    void rememberFile(const QString& path);
     ImageView* formerView(void* cameraHandle) const;
     ImageView* viewWhoseStream(const std::function<bool(const LiveStream&)>& isWanted) const;
     bool startLiveView(void* cameraHandle);
@@ -88,7 +86,6 @@ private:
     CameraManager& m_cameras;
     ViewList m_views;
     int m_toldActiveView = -1; // what activeViewChanged() said last
-    QStringList m_recentFiles;
     Sounds m_sounds;
     std::unique_ptr<MainWindow> m_window;
 };

@@ -69,6 +69,7 @@ int main(int argc, char* argv[])
     QCoreApplication::setOrganizationName(QStringLiteral("vistrel"));
     QCoreApplication::setApplicationName(QStringLiteral("vistrel-viewer"));
     QCoreApplication::setApplicationVersion(QStringLiteral(VISTREL_VERSION));
+    QGuiApplication::setDesktopFileName(QStringLiteral("vistrel-viewer"));
     const QApplication application(argc, argv);
     std::setlocale(LC_NUMERIC, "C"); // scripts and settings files read and write points, not commas
     const Options options = readOptions();

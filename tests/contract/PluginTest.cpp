@@ -10,8 +10,6 @@
 #include <QtCore/QThread>
 #include <QtWidgets/QApplication>
 
-#include <csignal>
-
 using testing::ReturnArg;
 using testing::ReturnRef;
 
@@ -142,7 +140,6 @@ std::unique_ptr<CxImageData> makeImage(unsigned width, unsigned height, unsigned
 int main(int argc, char** argv)
 {
     testing::InitGoogleMock(&argc, argv);
-    std::signal(SIGINT, SIG_DFL); // a shell's background ignores it, and the interpreter would, too
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QApplication application(argc, argv);
     return RUN_ALL_TESTS();

@@ -4,7 +4,6 @@
 
 import os
 import pathlib
-import signal
 import struct
 import subprocess
 import tempfile
@@ -13,8 +12,6 @@ import zlib
 
 PROGRAM = os.environ["VISTREL_RUN"]
 os.environ.pop("XDG_RUNTIME_DIR", None)  # as without a desktop session
-# A shell's background ignores Ctrl-C, and the program would, too.
-signal.signal(signal.SIGINT, signal.default_int_handler)
 LIMIT = 120  # seconds; nothing here takes that long unless it hangs
 
 

@@ -3,15 +3,11 @@
 """A screen of its own, and vistrel-viewer on it, driven by real key and mouse events."""
 
 import os
-import signal
 import subprocess
 import time
 from pathlib import Path
 
 from PIL import ImageGrab
-
-# A shell's background ignores Ctrl-C, and scripts in the viewer would, too.
-signal.signal(signal.SIGINT, signal.default_int_handler)
 
 TITLE = "Vistrel"
 LONGEST_SECONDS = 120.0

@@ -111,9 +111,22 @@ class Window(unittest.TestCase):
     def test_stops_a_script_that_sleeps(self):
         self.assert_stopped_by_the_stop_window("time.sleep(60)")
 
-    def test_offers_its_examples_where_it_is_installed(self):
+    def install(self):
         subprocess.run(["cmake", "--install", os.environ["VISTREL_BUILD"], "--prefix", self.folder],
                        check=True, stdout=subprocess.DEVNULL)
+
+    def test_is_installed_with_the_icon_that_its_desktop_entry_names(self):
+        self.install()
+        entry = self.folder / "share/applications/vistrel-viewer.desktop"
+        icon, = (line.removeprefix("Icon=") for line in entry.read_text("utf-8").splitlines()
+                 if line.startswith("Icon="))
+        for side in (16, 48, 256):
+            path = self.folder / f"share/icons/hicolor/{side}x{side}/apps/{icon}.png"
+            with Image.open(path) as picture:
+                self.assertEqual((picture.size, picture.mode), ((side, side), "RGBA"))
+
+    def test_offers_its_examples_where_it_is_installed(self):
+        self.install()
         with Screen() as screen, Viewer(screen, self.folder, "--camera", "sim",
                                         program=self.folder / "bin/vistrel-viewer") as viewer:
             viewer.press("alt+s", "e", "Return")  # the first of the menu

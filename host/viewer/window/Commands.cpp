@@ -5,6 +5,7 @@
 
 #include "app/ImageView.h"
 #include "app/MainWindow.h"
+#include "app/Mnemonics.h"
 #include "viewer/cameras/CameraPanel.h"
 #include "viewer/cameras/FilmCommands.h"
 #include "viewer/pictures/BrightnessPanel.h"
@@ -27,6 +28,21 @@
 #include <QtWidgets/QToolBar>
 
 namespace vistrel {
+
+namespace {
+
+/// A table half as high as it is long, which small screens have room for.
+QString twoColumns(const QStringList& cells)
+{
+    const qsizetype rows = (cells.size() + 1) / 2;
+    QString table;
+    for (qsizetype row = 0; row < rows; ++row)
+        table += QStringLiteral("<tr>%1<td width=\"30\"></td>%2</tr>")
+                     .arg(cells[row], cells.value(row + rows));
+    return QStringLiteral("<table>%1</table>").arg(table);
+}
+
+} // namespace
 
 Commands::Commands(Viewer& viewer)
     : m_viewer(viewer)
@@ -104,7 +120,7 @@ void Commands::addViewMenu()
     dark->setCheckable(true);
     dark->setChecked(isDarkThemeChosen());
     dark->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_D));
-    connect(dark, &QAction::toggled, this, &setDarkTheme);
+    connect(dark, &QAction::toggled, this, &chooseDarkTheme);
     menu.addSeparator();
     addPanelSwitches(menu);
 }
@@ -249,14 +265,14 @@ void Commands::addHelpMenu()
 
 void Commands::showShortcuts()
 {
-    QString rows;
+    QStringList cells;
     for (const QAction* action : m_viewer.window().findChildren<QAction*>())
         if (!action->shortcut().isEmpty())
-            rows += QStringLiteral("<tr><td>%1</td><td>&nbsp;&nbsp;%2</td></tr>")
-                        .arg(action->text().remove(u'&').toHtmlEscaped(),
-                             action->shortcut().toString(QKeySequence::NativeText).toHtmlEscaped());
-    QMessageBox::information(&m_viewer.window(), tr("Keyboard shortcuts"),
-                             QStringLiteral("<table>%1</table>").arg(rows));
+            cells +=
+                QStringLiteral("<td>%1</td><td>&nbsp;&nbsp;%2</td>")
+                    .arg(withoutMnemonics(action->text()).toHtmlEscaped(),
+                         action->shortcut().toString(QKeySequence::NativeText).toHtmlEscaped());
+    QMessageBox::information(&m_viewer.window(), tr("Keyboard shortcuts"), twoColumns(cells));
 }
 
 void Commands::followRuns()

@@ -6,6 +6,7 @@
 #include "app/ErrorLog.h"
 
 #include <QtWidgets/QHeaderView>
+#include <QtWidgets/QScrollBar>
 
 namespace vistrel {
 
@@ -26,6 +27,9 @@ ErrorLogPanel::ErrorLogPanel(ErrorLog& log, QWidget* parent)
 
 void ErrorLogPanel::showLines()
 {
+    // Whoever has scrolled back to read is not dragged to the end.
+    const int place = verticalScrollBar()->value();
+    const bool followsEnd = place == verticalScrollBar()->maximum();
     clear();
     QList<QTreeWidgetItem*> rows;
     for (const ErrorLog::Line& line : m_log.lines()) {
@@ -38,6 +42,8 @@ void ErrorLogPanel::showLines()
     addTopLevelItems(rows);
     resizeColumnToContents(0);
     scrollToBottom();
+    if (!followsEnd)
+        verticalScrollBar()->setValue(place);
 }
 
 } // namespace vistrel

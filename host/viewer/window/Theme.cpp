@@ -52,6 +52,11 @@ void setDarkTheme(bool dark)
 {
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     QApplication::setPalette(dark ? darkPalette() : lightPalette());
+}
+
+void chooseDarkTheme(bool dark)
+{
+    setDarkTheme(dark);
     QSettings().setValue(QLatin1String(settingsKey), dark);
 }
 

@@ -5,9 +5,11 @@
 
 namespace vistrel {
 
-/// Gives all windows dark or light colours and remembers the choice.
+/// Gives all windows dark or light colours.
 void setDarkTheme(bool dark);
-/// As it was chosen last; dark where the desktop itself is.
+/// The same for a user who wants it so the next time, too.
+void chooseDarkTheme(bool dark);
+/// As it was chosen last; while nobody has, dark where the desktop is.
 bool isDarkThemeChosen();
 
 } // namespace vistrel

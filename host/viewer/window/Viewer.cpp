@@ -17,6 +17,8 @@
 #include "viewer/window/AboutText.h"
 #include "viewer/window/Commands.h"
 #include "viewer/window/ErrorLogPanel.h"
+#include "viewer/window/ProgramIcon.h"
+#include "viewer/window/WorkStatus.h"
 
 #include <QtCore/QFileInfo>
 #include <QtCore/QMimeData>
@@ -81,7 +83,9 @@ Viewer::Viewer()
     });
     connect(&m_recentFiles, &RecentFiles::chosen, this, &Viewer::openFile);
     connect(&m_scripts.tabs(), &EditorTabs::fileUsed, &m_recentFiles, &RecentFiles::add);
+    connect(&m_host.delegate(), &AppDelegate::fileUsed, &m_recentFiles, &RecentFiles::add);
     m_window.setWindowTitle(tr("Vistrel"));
+    m_window.setWindowIcon(programIcon());
     m_window.installEventFilter(this);
 }
 
@@ -115,6 +119,7 @@ void Viewer::shareOutRoom()
 void Viewer::setUpStatusBar()
 {
     m_window.statusBar()->addWidget(m_runStatus, 1);
+    m_window.statusBar()->addPermanentWidget(new WorkStatus);
     m_window.statusBar()->addPermanentWidget(new LiveStatus(m_host));
     const RunWatch& watch = m_scripts.watch();
     connect(&watch, &RunWatch::changed, m_runStatus,
@@ -138,12 +143,8 @@ void Viewer::show()
 bool Viewer::openFile(const QString& path)
 {
     const QString absolute = QFileInfo(path).absoluteFilePath();
-    if (isScript(absolute))
-        return m_scripts.tabs().open(absolute);
-    if (!m_host.delegate().openFile(absolute, true))
-        return false;
-    m_recentFiles.add(absolute);
-    return true;
+    return isScript(absolute) ? m_scripts.tabs().open(absolute)
+                              : m_host.delegate().openFile(absolute, true);
 }
 
 void Viewer::openWithDialog()

@@ -5,11 +5,8 @@
 
 #include <gtest/gtest.h>
 
-#include <csignal>
-
 int main(int argc, char* argv[])
 {
-    std::signal(SIGINT, SIG_DFL); // a shell's background ignores it, and the interpreter would, too
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QApplication application(argc, argv);
     QGuiApplication::setQuitOnLastWindowClosed(false);

@@ -6,6 +6,9 @@
 
 #include "core/Log.h"
 #include "viewer/window/ErrorLogPanel.h"
+#include "viewer/window/ProgramIcon.h"
+#include "viewer/window/Theme.h"
+#include "viewer/window/WorkStatus.h"
 
 #include <QtCore/QMimeData>
 #include <QtCore/QUrl>
@@ -13,6 +16,7 @@
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QMdiArea>
 #include <QtWidgets/QMenuBar>
+#include <QtWidgets/QScrollBar>
 #include <QtWidgets/QStatusBar>
 
 #include <gmock/gmock.h>
@@ -37,7 +41,7 @@ TEST_F(ViewerTest, OffersToRunOrToStopAsIsPossible)
     EXPECT_FALSE(action(QStringLiteral("Stop"))->isEnabled());
     bool mayRun = true;
     bool mayStop = false;
-    QTimer::singleShot(100, [&] {
+    whenAScriptRuns([&] {
         mayRun = action(QStringLiteral("Run"))->isEnabled();
         mayStop = action(QStringLiteral("Stop"))->isEnabled();
         choose(QStringLiteral("Stop"));
@@ -57,6 +61,33 @@ TEST_F(ViewerTest, SaysInItsStatusLineHowARunEnded)
     for (const QLabel* label : m_viewer->window().statusBar()->findChildren<QLabel*>())
         texts.append(label->text());
     EXPECT_THAT(texts.join(u'|').toStdString(), HasSubstr("failed after"));
+}
+
+TEST_F(ViewerTest, SaysInItsStatusLineAtOnceWhatTakesLong)
+{
+    const auto* status = m_viewer->window().statusBar()->findChild<WorkStatus*>();
+    const auto* text = status->findChild<QLabel*>();
+    EXPECT_FALSE(status->isVisible()); // the panel of the cameras is not seen
+    {
+        const LongWork work(QStringLiteral("Saving the settings of a camera"));
+        EXPECT_TRUE(status->isVisible());
+        EXPECT_EQ(text->text(), QStringLiteral("Saving the settings of a camera"));
+        EXPECT_GE(text->width(), text->sizeHint().width()); // without an event loop
+    }
+    EXPECT_FALSE(status->isVisible());
+}
+
+TEST_F(ViewerTest, HasAnIconOfItsOwn)
+{
+    const QIcon icon = m_viewer->window().windowIcon();
+    EXPECT_EQ(icon.availableSizes().size(), static_cast<qsizetype>(iconSides.size()));
+    for (const int side : iconSides) {
+        const QImage picture = iconPicture(side);
+        EXPECT_EQ(picture.pixelColor(0, 0).alpha(), 0) << side;
+        EXPECT_EQ(picture.pixelColor(side / 2, side / 2).alpha(), 255) << side;
+        EXPECT_NE(picture.pixelColor(side / 2, side * 2 / 5),
+                  picture.pixelColor(side / 2, side - 2));
+    }
 }
 
 TEST_F(ViewerTest, OpensPicturesInViewsAndScriptsInTabs)
@@ -84,7 +115,7 @@ TEST_F(ViewerTest, ShowsWhatTheLogSays)
 {
     logError(QStringLiteral("something is wrong"));
     ErrorLogPanel& panel = m_viewer->errorLog();
-    ASSERT_TRUE(QTest::qWaitFor([&] { return panel.topLevelItemCount() > 0; }));
+    ASSERT_TRUE(handleEventsUntil([&] { return panel.topLevelItemCount() > 0; }));
     EXPECT_THAT(panel.topLevelItem(panel.topLevelItemCount() - 1)->text(1).toStdString(),
                 HasSubstr("something is wrong"));
 }
@@ -112,7 +143,7 @@ TEST_F(ViewerTest, AsksBeforeChangesAreLostByItsEnd)
 TEST_F(ViewerTest, StaysOpenWhileAScriptRunsAndAsksItToStop)
 {
     bool closed = true;
-    QTimer::singleShot(100, [&] { closed = m_viewer->window().close(); });
+    whenAScriptRuns([&] { closed = m_viewer->window().close(); });
     editor().setText(QStringLiteral("import vistrel\nvistrel.wait(60)"));
     choose(QStringLiteral("Run"));
     EXPECT_FALSE(closed);
@@ -149,13 +180,46 @@ TEST_F(ViewerTest, HasKeysForItsCommandsAndNoneTwice)
     EXPECT_EQ(keys.removeDuplicates(), 0);
 }
 
+TEST_F(ViewerTest, KeepsFilesInMindThatScriptsOpen)
+{
+    const QString path = writePicture(QStringLiteral("a.pgm"));
+    editor().setText(QStringLiteral("import vistrel\nvistrel.open_file('%1')").arg(path));
+    choose(QStringLiteral("Run"));
+    EXPECT_THAT(m_viewer->recentFiles().files(), ElementsAre(path));
+}
+
+TEST_F(ViewerTest, LeavesTheChoiceOfColoursToTheDesktopUntilSomebodyChooses)
+{
+    setDarkTheme(true);
+    EXPECT_FALSE(QSettings().contains(QStringLiteral("darkTheme")));
+    action(QStringLiteral("Dark colours"))->toggle();
+    EXPECT_TRUE(QSettings().contains(QStringLiteral("darkTheme")));
+    setDarkTheme(false);
+}
+
+TEST_F(ViewerTest, LeavesWhoeverReadsTheLogWhereHeIs)
+{
+    ErrorLogPanel& panel = m_viewer->errorLog();
+    const auto logged = [&panel](int count) {
+        return handleEventsUntil([&] { return panel.topLevelItemCount() == count; });
+    };
+    for (int line = 0; line < 100; ++line)
+        logError(QString::number(line));
+    ASSERT_TRUE(logged(100));
+    EXPECT_EQ(panel.verticalScrollBar()->value(), panel.verticalScrollBar()->maximum());
+    panel.verticalScrollBar()->setValue(3);
+    logError(QStringLiteral("one more"));
+    ASSERT_TRUE(logged(101));
+    EXPECT_EQ(panel.verticalScrollBar()->value(), 3);
+}
+
 TEST_F(ViewerTest, ChangesItsColours)
 {
     QAction* dark = action(QStringLiteral("Dark colours"));
     dark->setChecked(true);
     EXPECT_LT(QApplication::palette().color(QPalette::Window).lightness(), 100);
     const QMdiArea& area = *m_viewer->window().area();
-    EXPECT_TRUE(QTest::qWaitFor([&] { return area.background().color().lightness() < 100; }));
+    EXPECT_TRUE(handleEventsUntil([&] { return area.background().color().lightness() < 100; }));
     dark->setChecked(false);
     EXPECT_GT(QApplication::palette().color(QPalette::Window).lightness(), 200);
 }
