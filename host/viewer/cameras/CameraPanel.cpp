@@ -69,7 +69,6 @@ void CameraPanel::makeCommands()
     m_commands[Start]->setIconText(tr("Start"));
     m_commands[Stop]->setIconText(tr("Stop"));
     m_commands[Close]->setIconText(tr("Close"));
-    m_commands[DrawRegion]->setIconText(tr("Region"));
     m_commands[SaveSettings]->setIconText(tr("Save"));
     m_commands[LoadSettings]->setIconText(tr("Load"));
 }

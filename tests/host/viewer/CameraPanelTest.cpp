@@ -116,15 +116,11 @@ TEST_F(CameraDock, LooksForCamerasWhenItIsFirstSeen)
 TEST_F(CameraDock, HasRoomForAllItsButtons)
 {
     panel.resize(320, 900); // narrower than the window makes it
-    const auto unseen = [this] {
-        QStringList texts;
-        for (const QToolButton* button : panel.findChildren<QToolButton*>())
-            if (button->defaultAction() && !button->isVisible())
-                texts.append(button->defaultAction()->text());
-        return texts;
-    };
-    EXPECT_TRUE(handleEventsUntil([&] { return unseen().isEmpty(); }))
-        << qPrintable(unseen().join(u'|'));
+    for (const QToolButton* button : panel.findChildren<QToolButton*>()) {
+        const QAction* action = button->defaultAction();
+        const bool isCommand = action && action->parent() == &panel;
+        EXPECT_TRUE(button->isVisible() || !isCommand) << qPrintable(action->text());
+    }
 }
 
 TEST_F(CameraDock, ListsTheCamerasThatAreFound)
