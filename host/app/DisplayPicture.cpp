@@ -52,6 +52,12 @@ cv::Mat reduced(const cv::Mat& pixels, const QSize& largest)
     if (result.size() == wanted)
         return result;
     cv::Mat last;
+    // By less than two: enlarged first, which leaves no pixel out, and then halved.
+    if (result.cols < 2 * wanted.width && result.rows < 2 * wanted.height) {
+        cv::resize(result, last, wanted * 2, 0.0, 0.0, cv::INTER_LINEAR);
+        result = last;
+        last = cv::Mat();
+    }
     cv::resize(result, last, wanted, 0.0, 0.0, cv::INTER_AREA);
     return last;
 }

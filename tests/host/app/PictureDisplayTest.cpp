@@ -59,6 +59,21 @@ TEST_F(PictureDisplay, AveragesThePixelsOfASmallerPicture)
         EXPECT_NEAR(paintedAt(point).red(), 128, 1);
 }
 
+TEST_F(PictureDisplay, LeavesNoPixelOutOfASmallerPicture)
+{
+    for (const unsigned width : {210U, 300U, 390U}) {
+        for (unsigned bright = 100; bright < 112; ++bright) {
+            show(deepImage(width, width / 2,
+                           [bright](unsigned x, unsigned) { return x == bright ? 4095 : 0; }));
+            const QImage painted = widget.grab().toImage();
+            int sum = 0;
+            for (int x = 0; x < 200; ++x)
+                sum += painted.pixelColor(x, 50).red();
+            EXPECT_NEAR(sum, 255.0 * 200.0 / width, 40.0) << width << " " << bright;
+        }
+    }
+}
+
 TEST_F(PictureDisplay, ShowsAnyPartAtAnyZoom)
 {
     const auto value = [](unsigned x, unsigned y) { return 16 * ((7 * x + 31 * y) % 256); };
