@@ -21,6 +21,7 @@ from typing import Callable, Dict, List, Optional, Union
 from script_maker import Maker
 
 FOLDER = Path(__file__).resolve().parent
+SUPPRESSIONS = FOLDER.parent / "sanitizers" / "tsan.supp"
 SCRIPTS, STATEMENTS = 16, 400
 LIMIT = 500  # seconds that a process may take; it takes some
 MEMORY = 3 << 30  # bytes
@@ -47,13 +48,15 @@ def environment(folder: Path) -> Dict[str, str]:
             "MALLOC_ARENA_MAX": "2", "OPENBLAS_NUM_THREADS": "1",
             "QT_QPA_PLATFORM": "offscreen", "HOME": str(folder), "PULSE_SERVER": "unix:/nobody",
             "ASAN_OPTIONS": options,
+            "TSAN_OPTIONS": f"exitcode={SANITIZER_STATUS}:allocator_may_return_null=1:"
+                            f"max_allocation_size_mb=256:suppressions={SUPPRESSIONS}",
             "UBSAN_OPTIONS": f"print_stacktrace=1:exitcode={SANITIZER_STATUS}"}
 
 
 def limit_memory(program: Path) -> Callable[[], None]:
     """Sanitizers have a limit of their own, and need more addresses than there is memory. Without
     one the system gives a script all that it asks for, and ends the process when there is no more."""
-    if b"__asan_init" in program.read_bytes():
+    if re.search(b"__[at]san_init", program.read_bytes()):
         return lambda: None
     return lambda: resource.setrlimit(resource.RLIMIT_AS, (MEMORY, MEMORY))
 
@@ -72,7 +75,7 @@ def failure_of(status: int, scripts: int, errors: str) -> str:
     """Why a process failed, empty when it did not. Status 1 is that of a nested script that fails."""
     if status in (0, 1) and scripts == SCRIPTS:
         return ""
-    report = re.search(r"==\d+==ERROR|runtime error", errors)
+    report = re.search(r"==\d+==ERROR|WARNING: ThreadSanitizer|runtime error", errors)
     shown = errors[max(report.start() - 200, 0):][:8000] if report else errors[-4000:]
     return f"status {status} after {scripts} scripts\n{shown}"
 
