@@ -10,8 +10,8 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 scripts/setup.sh build docs test
 cmake --preset tsan -DVISTREL_BUILD_TESTS=ON --log-level=WARNING
 cmake --build --preset tsan --target vistrel-run vistrel_{python_script,codecs,film,sounds} \
-    host_chains_{chain,elements,recording} \
-    host_cameras_{closing,memory,network,simulated} \
+    host_chains_{chain,elements,recording} host_cameras_{closing,memory,simulated} \
     host_app_{interrupts,live_views,reports,runs,sounds,view_chains,views}
-ctest --preset tsan -R '^(host_chains_(chain|elements|recording)|host_cameras_(closing|memory|network|simulated)|host_app_(interrupts|live_views|reports|runs|sounds|view_chains|views)|script_busy_threads|example_)'
+# Not those of network cameras: the sanitizer loses its way when a test starts a process.
+ctest --preset tsan -R '^(host_chains_[cer]|host_cameras_(closing|memory|simulated)\.|host_app_(interrupts|live_views|reports|runs|sounds|view_chains|views)\.|script_busy|example_)'
 scripts/hostile.sh build-tsan --seed 1000 --seconds "${1:-60}"

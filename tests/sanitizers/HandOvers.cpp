@@ -1,19 +1,21 @@
 // SPDX-FileCopyrightText: 2026 The Vistrel Python scripting authors
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Tells the thread sanitizer where GLib and Qt hand something from one thread to another. Their libraries
-// are not built for it and lock by system calls that it does not see. The functions here stand before
-// those by which our code and Aravis enter these libraries, and add what each of them promises: all that
-// was done before a release of an address is seen after an acquire of it.
+// Tells the thread sanitizer where GLib and Qt hand something from one thread to another. Their
+// libraries are not built for it and lock by system calls that it does not see. The functions here
+// stand before those by which our code and Aravis enter these libraries, and add what each of them
+// promises: all that was done before a release of an address is seen after an acquire of it.
 #include <QtCore/QObject>
+#include <QtCore/QThread>
 
 #include <dlfcn.h>
 #include <glib.h>
+#include <opencv2/core/utility.hpp>
 #include <sanitizer/tsan_interface.h>
 
 namespace {
 
 /// The library's function of that name.
-template <typename Function>
+template<typename Function>
 Function* real(const char* name)
 {
     return reinterpret_cast<Function*>(dlsym(RTLD_NEXT, name));
@@ -36,6 +38,7 @@ private:
         if (which == Call) {
             call->m_slot->call(receiver, arguments);
             __tsan_release(self);
+            __tsan_release(QThread::currentThread());
         } else if (which == Destroy) {
             call->m_slot->destroyIfLastRef();
             delete call;
@@ -45,17 +48,59 @@ private:
     QSlotObjectBase* m_slot;
 };
 
+/// A loop whose parts several threads run.
+class SharedLoop : public cv::ParallelLoopBody {
+public:
+    explicit SharedLoop(const ParallelLoopBody& body)
+        : m_body(body)
+    {
+    }
+
+    void operator()(const cv::Range& part) const override
+    {
+        __tsan_acquire(&m_sync);
+        m_body(part);
+        __tsan_release(&m_sync);
+    }
+    void begin() const { __tsan_release(&m_sync); }
+    void end() const { __tsan_acquire(&m_sync); }
+
+private:
+    const ParallelLoopBody& m_body;
+    mutable char m_sync = 0;
+};
+
 } // namespace
+
+void cv::parallel_for_(const Range& range, const ParallelLoopBody& body, double stripes)
+{
+    static const auto next = real<void(const Range&, const ParallelLoopBody&, double)>(
+        "_ZN2cv13parallel_for_ERKNS_5RangeERKNS_16ParallelLoopBodyEd");
+    const SharedLoop loop(body);
+    loop.begin();
+    next(range, loop, stripes);
+    loop.end();
+}
 
 bool QMetaObject::invokeMethodImpl(QObject* object, QtPrivate::QSlotObjectBase* slot,
                                    Qt::ConnectionType type, void* result)
 {
-    static const auto next =
-        real<decltype(invokeMethodImpl)>("_ZN11QMetaObject16invokeMethodImplEP7QObjectPN9QtPrivate15"
-                                         "QSlotObjectBaseEN2Qt14ConnectionTypeEPv");
+    static const auto next = real<decltype(invokeMethodImpl)>(
+        "_ZN11QMetaObject16invokeMethodImplEP7QObjectPN9QtPrivate15"
+        "QSlotObjectBaseEN2Qt14ConnectionTypeEPv");
     auto* const call = new QueuedCall(slot);
     __tsan_release(call);
     return next(object, call, type, result);
+}
+
+/// Who waits for a thread sees what its calls have done.
+bool QThread::wait(QDeadlineTimer deadline)
+{
+    static const auto next =
+        real<bool(QThread*, QDeadlineTimer)>("_ZN7QThread4waitE14QDeadlineTimer");
+    const bool isFinished = next(this, deadline);
+    __tsan_acquire(this);
+    return isFinished;
 }
 
 extern "C" {
