@@ -12,7 +12,7 @@ namespace vistrel {
 namespace {
 
 constexpr int beatMs = 500;
-constexpr int startMs = 5000;
+constexpr int startMs = 30000; // for a machine that is busy: a missing program says so at once
 constexpr int writeMs = 1000;
 constexpr int endMs = 1000;
 
