@@ -511,7 +511,8 @@ def run_script(path: str, /) -> None:
 
     The script sees and changes the names of this one, and what it defines is
     there afterwards. Its errors, sys.exit() included, end it alone: they are
-    printed, and this script goes on. Scripts may run scripts to any depth
+    printed, and this script goes on. So it does when the user stops the other
+    one, and has to be stopped again. Scripts may run scripts to any depth
     that Python's recursion limit and the thread's stack allow. May be called
     on any thread.
 
