@@ -180,6 +180,7 @@ TEST_F(CameraDock, SaysWhyACameraIsNotOpened)
 TEST_F(CameraDock, FollowsWhatScriptsDo)
 {
     QString error;
+    panel.list().setCurrentItem(item(sim)); // there may be real ones
     camera = host.cameras().open(sim, error);
     ASSERT_TRUE(reaches(QStringLiteral("open")));
     EXPECT_NE(panel.parameters().row(QStringLiteral("width")), nullptr);
