@@ -29,9 +29,10 @@ inline void raiseCurrentException() noexcept
 /// A handler for a method table: calls `Handler`, which may throw. A thread that the interpreter
 /// ends while it goes down unwinds through here: that must reach the thread's end, so neither is it
 /// swallowed nor are these functions noexcept. It is no object either: what is caught by its name
-/// is a reference to nothing, which the sanitizers would report.
+/// is a reference to nothing, which the sanitizers would report; and they take the stack of what
+/// was unwound for still in use.
 template<PyCFunction Handler>
-__attribute__((no_sanitize("null"))) PyObject* guarded(PyObject* self, PyObject* args)
+__attribute__((no_sanitize("address", "null"))) PyObject* guarded(PyObject* self, PyObject* args)
 {
     try {
         return Handler(self, args);
@@ -45,7 +46,7 @@ __attribute__((no_sanitize("null"))) PyObject* guarded(PyObject* self, PyObject*
 
 /// The same for slots of one object, such as tp_str.
 template<unaryfunc Handler>
-__attribute__((no_sanitize("null"))) PyObject* guardedSlot(PyObject* self)
+__attribute__((no_sanitize("address", "null"))) PyObject* guardedSlot(PyObject* self)
 {
     try {
         return Handler(self);
